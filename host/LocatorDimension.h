@@ -1,0 +1,15 @@
+#pragma once
+
+namespace qen {
+
+/// The dimension of a locator. A host may hold values that are not named here.
+struct LocatorDimension {
+    enum Value : int {
+        Unknown = 0,    ///< never checked against a function
+        Point = 1,
+        Surface = 3,
+        Volume = 4,
+    };
+};
+
+}    // namespace qen
