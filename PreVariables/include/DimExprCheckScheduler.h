@@ -93,6 +93,10 @@ private:
 
     using ParamValues = std::map<std::string, ParamValue>;    // by parameter name
 
+    void runDeferredChecks(const std::string& p_objectPath, ParamValues& p_params);
+
+    friend struct DimExprCheckSchedulerPeer;    // tests look at what is kept
+
     const ModelQCL* m_model;
     const ModelRules* m_modelRules;
     const QCLUpdateInfo* m_updateInfo;

@@ -86,8 +86,8 @@ private:
     void checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
                             const std::string& p_expression);
     template <class Check>
-    bool recordFailure(const std::string& p_objectPath, const std::string& p_paramName, bool p_recordErrors,
-                       const Check& p_check);
+    bool passes(const std::string& p_objectPath, const std::string& p_paramName, bool p_recordErrors,
+                const Check& p_check);
 
     // Named expressions.
     void checkLibraryExpr(const std::string& p_exprName, const std::string& p_value);

@@ -1,0 +1,184 @@
+#include "DimExprChecker.h"
+
+#include "ExprParamRules.h"
+#include "MessageCatalogue.h"
+#include "UnitsTolerance.h"
+
+#include "ModelQCL.h"
+#include "QuantityModifier.h"
+#include "StringUtilities.h"
+#include "UnitDimensions.h"
+#include "UnitsConverter.h"
+#include "UnitsError.h"
+
+#include <cmath>
+#include <limits>
+
+namespace qen {
+
+using messages::Msg;
+using messages::raise;
+using messages::ShownUnits;
+
+namespace {
+
+constexpr int k_dynamicMode = 1;
+constexpr float k_slack = 1e-7F;    // of the bound's magnitude; of a bound of zero, absolute
+
+bool satisfiesLowerBound(float p_value, float p_lower)
+{
+    if (p_value >= p_lower)
+        return true;
+    if (p_lower == 0.0F)
+        return p_value > -k_slack;
+    return (p_lower - p_value) / std::fabs(p_lower) < k_slack;
+}
+
+bool satisfiesUpperBound(float p_value, float p_upper)
+{
+    if (p_upper >= p_value)
+        return true;
+    if (p_upper == 0.0F)
+        return p_value < k_slack;
+    return (p_value - p_upper) / std::fabs(p_upper) < k_slack;
+}
+
+}    // namespace
+
+void DimExprChecker::checkParamNumericImpl(const std::string& p_objectPath, const std::string& p_paramName,
+                                           float p_value, const std::string& p_units)
+{
+    checkParamUnits(p_objectPath, p_paramName, p_units, false);
+    checkParamBounds(p_objectPath, p_paramName, p_value, p_units);
+}
+
+void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
+                                     const UnitDimensions& p_dims, bool p_fromExpression)
+{
+    checkParamUnits(p_objectPath, p_paramName, UnitsConverter::instance().getBaseUnitName(p_dims),
+                    p_fromExpression);
+}
+
+void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
+                                     const std::string& p_units, bool p_fromExpression)
+{
+    const UnitsConverter& converter = UnitsConverter::instance();
+
+    std::string quantity;
+    const int mode = m_quantityModifier->quantityMode(m_model, p_objectPath, p_paramName, quantity);
+    if (quantity.empty())
+        return;
+
+    const bool dynamic = mode == k_dynamicMode;
+    std::string expected;
+    if (dynamic)
+        expected = m_quantityModifier->dynamicUnits(quantity);
+    else
+    {
+        try
+        {
+            expected = converter.getBaseUnitsFromQuant(quantity);
+        }
+        catch (const units::error&)
+        {
+            return;    // a quantity that the host does not know cannot be judged
+        }
+    }
+
+    try
+    {
+        converter.dimsFromUnits(p_units);
+    }
+    catch (const units::error&)
+    {
+        raise<Msg::UnrecognisedUnits>(ShownUnits {p_units}, p_paramName, p_objectPath);
+    }
+
+    float converted = 0.0F;
+    if (converter.convertUnits(p_units, expected, 0.0F, converted, true))
+        return;
+
+    const UnitDimensions expectedDims = converter.dimsFromUnits(expected);
+    if (agreeButForAngle(expectedDims, converter.dimsFromUnits(p_units)))
+        return;
+
+    if (p_fromExpression)
+        raise<Msg::WrongExpressionUnits>(ShownUnits {p_units}, p_paramName, p_objectPath,
+                                         ShownUnits {expected});
+    if (dynamic)
+        raise<Msg::WrongDynamicUnits>(ShownUnits {p_units}, p_paramName, p_objectPath, ShownUnits {expected});
+    raise<Msg::WrongUnits>(ShownUnits {p_units}, p_paramName, p_objectPath, ShownUnits {expected});
+}
+
+void DimExprChecker::checkParamBounds(const std::string& p_objectPath, const std::string& p_paramName,
+                                      float p_value, const std::string& p_units)
+{
+    const std::string lowerText = m_rules->lowerBound(p_objectPath, p_paramName, m_model);
+    const std::string upperText = m_rules->upperBound(p_objectPath, p_paramName, m_model);
+    if (lowerText.empty() && upperText.empty())
+        return;
+
+    // Deliberate: both bounds are read before either is tested, so a malformed upper bound hides a violated lower one.
+    // Held by Bounds.AMalformedUpperBoundHidesAViolatedLowerOne.
+    float lower = std::numeric_limits<float>::lowest();
+    if (!lowerText.empty())
+        lower = extractBoundValue(p_paramName, lowerText, p_units);
+    float upper = std::numeric_limits<float>::max();
+    if (!upperText.empty())
+        upper = extractBoundValue(p_paramName, upperText, p_units);
+
+    if (!satisfiesLowerBound(p_value, lower))
+        raise<Msg::BelowLowerBound>(p_paramName, p_objectPath, m_model->paramValue(p_objectPath, p_paramName),
+                                    lowerText);
+
+    if (!satisfiesUpperBound(p_value, upper))
+        raise<Msg::AboveUpperBound>(p_paramName, p_objectPath, m_model->paramValue(p_objectPath, p_paramName),
+                                    upperText);
+}
+
+float DimExprChecker::extractBoundValue(const std::string& p_paramName, const std::string& p_boundText,
+                                        const std::string& p_units)
+{
+    const UnitsConverter& converter = UnitsConverter::instance();
+
+    float number = 0.0F;
+    std::string boundUnits;
+    if (splitBoundString(p_boundText, number, boundUnits))
+    {
+        float result = 0.0F;
+        if (converter.convertUnits(boundUnits, p_units, number, result, true))
+            return result;
+
+        // Units that differ by an angle only are made alike by the angle that is missing.
+        const UnitDimensions dims = converter.dimsFromUnits(p_units);
+        const UnitDimensions boundDims = converter.dimsFromUnits(boundUnits);
+        const float missingAngle = boundDims[UnitDimensions::k_angle] - dims[UnitDimensions::k_angle];
+        if (agreeButForAngle(dims, boundDims))
+        {
+            const std::string angle = StringUtilities::toString(static_cast<double>(missingAngle), "%12g");
+            if (converter.convertUnits(boundUnits, p_units + " rad^" + angle, number, result, true))
+                return result;
+        }
+    }
+    raise<Msg::InvalidBound>(p_paramName);
+}
+
+bool DimExprChecker::splitBoundString(const std::string& p_boundText, float& p_value, std::string& p_units)
+{
+    const auto cached = m_boundCache.find(p_boundText);
+    if (cached != m_boundCache.end())
+    {
+        p_value = cached->second.first;
+        p_units = cached->second.second;
+        return true;
+    }
+
+    bool isNumber = false;
+    std::string number;
+    p_value = StringUtilities::valueAsFloat(p_boundText, isNumber, number, p_units);
+    if (isNumber)
+        m_boundCache.emplace(p_boundText, std::make_pair(p_value, p_units));
+    return isNumber;
+}
+
+}    // namespace qen
