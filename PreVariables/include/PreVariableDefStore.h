@@ -7,6 +7,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace qen {
@@ -92,7 +93,10 @@ public:
     void addVariableDefinition(const std::string& p_name,
                                const std::map<std::string, std::string>& p_parameters);
 
-    /// Appends one finished record and registers its names.
+    /// Appends one finished record and registers its names. A list of short names that was asked for before stays as
+    /// it is.
+    ///
+    /// @throws data::duplicate  As above.
     void doAddVariableDefinition(const VarDefData& p_record);
 
     /// Interns a text, exactly as it is.
@@ -100,7 +104,7 @@ public:
     ValueSet addValues(const std::vector<std::string>& p_texts);
     ValueList addValuesVec(const std::vector<std::string>& p_texts);
 
-    /// The text of a value. The index must have come from this store.
+    /// The text of a value. The index must have come from this store. The reference holds until the next value.
     const std::string& fieldValue(ValueIndex p_value) const;
     std::vector<std::string> valsToStrVec(const ValueSet& p_values) const;
     std::vector<std::string> valsToStrVec(const ValueList& p_values) const;
@@ -108,15 +112,19 @@ public:
     /// The short name of a record. The index must have come from this store.
     const std::string& shortName(std::size_t p_record) const;
 
-    /// The record that a name addresses; any of its names will do.
+    /// The record that a name addresses; any of its names will do. After a refused definition this may be the next
+    /// record, which is not there yet.
     ///
     /// @throws data::notFound  No variable has that name.
     std::size_t variableIndex(const std::string& p_name) const;
+
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
     const VarDefData& variableData(const std::string& p_name) const;
 
     /// The index must have come from this store.
     const VarDefData& variableData(std::size_t p_record) const;
 
+    /// Whether a name is registered, be its record there yet or not.
     bool hasVariable(const std::string& p_name) const;
 
     /// Makes a name address a record; the empty text is no name.
@@ -126,18 +134,25 @@ public:
 
     /// The names of the variable: short, long, old short, old long, as far as it has them.
     ///
-    /// @throws data::notFound  No variable has that name.
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
     std::vector<std::string> getVariableAliases(const std::string& p_name) const;
 
-    /// The short names of all records, in their order. Holds until the next definition is added.
+    /// The short names of all records, in their order. The reference holds until the next definition.
     const std::vector<std::string>& getAllVariableShortNames() const;
 
 private:
+    bool isTensorType(ValueIndex p_value) const;
+    void checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const;
+    void addComponentDefinitions(VarDefData p_variable);
+    [[noreturn]] static void raiseNoSuchVariable(const std::string& p_name);
+
     std::vector<VarDefData> m_records;
-    std::map<std::string, std::size_t> m_nameIndex;
-    mutable std::vector<std::string> m_shortNamesCache;
+    std::unordered_map<std::string, std::size_t> m_nameIndex;    // every name of every record
+    mutable std::vector<std::string> m_shortNamesCache;          // empty until asked for
     std::vector<std::string> m_values;
-    std::map<std::string, ValueIndex> m_valueIndex;
+    std::unordered_map<std::string, ValueIndex> m_valueIndex;    // into m_values
+
+    // Of the values that every store begins with. Behind the table, which their construction fills.
     ValueIndex m_scalarIdx;
     ValueIndex m_vectorIdx;
     ValueIndex m_symten2Idx;

@@ -1,0 +1,185 @@
+#include "PreVariableDefStore.h"
+
+#include "DefinitionErrors.h"
+#include "DefinitionTexts.h"
+#include "VariableFields.h"
+
+#include "BoolFromEnvironment.h"
+#include "StringUtilities.h"
+
+#include <utility>
+
+namespace qen {
+
+namespace {
+
+using Store = PreVariableDefStore;
+using Parameters = std::map<std::string, std::string>;
+
+// Read when the first definition of unknown tensor type comes, and kept for the process.
+constinit const BoolFromEnvironment k_ignoreInvalidDefinitions("QEN_IGNORE_INVALID_VAR_DEFINITIONS");
+
+constexpr const char* k_function = "addVariableDefinition";
+
+// Values are interned in the order in which fields are read, so these orders are part of what callers see.
+constexpr Store::VarDefField k_namesAndType[] {Store::LONG_NAME, Store::OLD_SHORT_NAME, Store::OLD_LONG_NAME,
+                                               Store::QUANTITY, Store::TENSOR_TYPE};
+constexpr Store::VarDefField k_keywords[] {Store::GENERAL_AVAILABILITY, Store::PHYSICAL_AVAILABILITY,
+                                           Store::VARIABLE_CLASS, Store::VARIABLE_SCOPE};
+constexpr Store::VarDefField k_componentNames[] {
+    Store::COMPONENT_SHORT_NAMES, Store::OLD_COMPONENT_SHORT_NAMES, Store::COMPONENT_LONG_NAMES,
+    Store::OLD_COMPONENT_LONG_NAMES};
+constexpr Store::VarDefField k_settings[] {Store::STATUS, Store::UNDER_RELAXATION_FACTOR, Store::USER_LEVEL,
+                                           Store::OUTPUT_TO_POSTPROCESSOR};
+
+const char* keyOf(Store::VarDefField p_field) { return fieldDescriptor(p_field)->key; }
+
+/// The text of a field in a definition; empty when the definition does not have it.
+std::string textOf(Store::VarDefField p_field, const Parameters& p_parameters)
+{
+    const auto found = p_parameters.find(keyOf(p_field));
+    return found == p_parameters.end() ? "" : found->second;
+}
+
+/// Moves one field from a definition into a record, interning its values.
+void readField(Store::VarDefField p_field, const Parameters& p_parameters, Store& p_store,
+               Store::VarDefData& p_record)
+{
+    const std::string text = textOf(p_field, p_parameters);
+    std::visit(Overloaded {
+                   [&](ValueMember p_member) { p_record.*p_member = p_store.addValue(text); },
+                   [&](SetMember p_member) {
+                       p_record.*p_member = p_store.addValues(StringUtilities::stringToVector(text, ','));
+                   },
+                   [&](ListMember p_member) {
+                       p_record.*p_member = p_store.addValuesVec(StringUtilities::stringToVector(text, ','));
+                   },
+               },
+               fieldDescriptor(p_field)->member);
+}
+
+}    // namespace
+
+void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const Parameters& p_parameters)
+{
+    // The caller's name may be one of this store's own texts, which move as the store grows.
+    const std::string name = p_name;
+    m_shortNamesCache.clear();    // at once: a definition that is ignored or refused empties it too
+
+    VarDefData record;
+    record.shortName = addValue(name);
+    for (const VarDefField field : k_namesAndType)
+        readField(field, p_parameters, *this, record);
+
+    if (!isTensorType(record.tensorType))
+    {
+        if (!k_ignoreInvalidDefinitions.isSet())
+            warn(k_function, UserMsg("Error in definition of variable '%1'.\n"
+                                     "This variable has an unknown tensor type '%2' and will be ignored.")
+                                 .arg(name)
+                                 .arg(fieldValue(record.tensorType)));
+        return;
+    }
+
+    for (const VarDefField field : k_keywords)
+        readField(field, p_parameters, *this, record);
+
+    if (record.tensorType != m_scalarIdx)    // a scalar's component keys are not even read
+    {
+        for (const VarDefField field : k_componentNames)
+            readField(field, p_parameters, *this, record);
+        checkComponentCounts(name, record);
+    }
+
+    for (const VarDefField field : k_settings)
+        readField(field, p_parameters, *this, record);
+
+    std::string fieldVariable = textOf(FIELD_VARIABLE, p_parameters);
+    if (fieldVariable.empty() && record.generalAvailability.count(m_qelIdx) != 0)
+    {
+        // Deliberate: tells the user "True", which is a text they may write, and goes on with "T". Do not make them
+        // alike. Held by ReadDefinition.AssumesAFieldWhereQelIsAvailableAndNothingIsSaid.
+        warn(k_function, UserMsg("Error in definition of variable '%1'.\n"
+                                 "This variable has QEL availability but does not have a \"%2\" parameter.\n"
+                                 "A value of \"%3\" has been assumed but this may not be correct.")
+                             .arg(name)
+                             .arg(keyOf(FIELD_VARIABLE))
+                             .arg("True"));
+        fieldVariable = k_true;
+    }
+    record.fieldVariable = StringUtilities::stringToBool(fieldVariable) ? m_trueIdx : m_falseIdx;
+
+    doAddVariableDefinition(record);
+    if (record.tensorType != m_scalarIdx)
+        addComponentDefinitions(std::move(record));
+}
+
+bool PreVariableDefStore::isTensorType(ValueIndex p_value) const
+{
+    return p_value == m_scalarIdx || p_value == m_vectorIdx || p_value == m_symten2Idx;
+}
+
+// The old component names are not counted: where they do not fit, they are not used.
+void PreVariableDefStore::checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const
+{
+    const std::size_t expected = p_record.tensorType == m_vectorIdx ? 3 : 6;
+
+    if (p_record.componentShortNames.size() != expected)
+        raiseData<data::error>(k_function, UserMsg("Error in '%1' definition for variable '%2'. "
+                                                   "There are %3 short component names instead of %4.")
+                                               .arg(keyOf(COMPONENT_SHORT_NAMES))
+                                               .arg(p_name)
+                                               .arg(std::to_string(p_record.componentShortNames.size()))
+                                               .arg(std::to_string(expected)));
+
+    // Deliberate: "components names" here, "component names" in the text above. Both are fixed; do not make them
+    // alike. Held by ReadDefinition.CountsLongNamesInItsOwnWords.
+    if (p_record.componentLongNames.size() != expected)
+        raiseData<data::error>(k_function, UserMsg("Error in '%1' definition for variable '%2'. "
+                                                   "There are %3 long components names instead of %4.")
+                                               .arg(keyOf(COMPONENT_LONG_NAMES))
+                                               .arg(p_name)
+                                               .arg(std::to_string(p_record.componentLongNames.size()))
+                                               .arg(std::to_string(expected)));
+}
+
+void PreVariableDefStore::addComponentDefinitions(VarDefData p_variable)
+{
+    const ValueList shortNames = std::exchange(p_variable.componentShortNames, {});
+    const ValueList oldShortNames = std::exchange(p_variable.oldComponentShortNames, {});
+    const ValueList longNames = std::exchange(p_variable.componentLongNames, {});
+    const ValueList oldLongNames = std::exchange(p_variable.oldComponentLongNames, {});
+
+    // Everything else a component has from its variable.
+    VarDefData& component = p_variable;
+    component.tensorType = m_scalarIdx;
+    for (std::size_t i = 0; i < shortNames.size(); ++i)
+    {
+        component.shortName = shortNames[i];
+        component.longName = longNames[i];
+
+        // Deliberate: an old list that does not fit leaves the variable's own old name in place. Where it has one, the
+        // first component is refused as a duplicate. Do not clear the name, do not use the part of the list that fits.
+        // Held by AddDefinition.RefusesComponentsThatInheritAnOldName.
+        if (oldLongNames.size() == shortNames.size())
+            component.oldLongName = oldLongNames[i];
+        if (oldShortNames.size() == shortNames.size())
+            component.oldShortName = oldShortNames[i];
+
+        doAddVariableDefinition(component);
+    }
+}
+
+void PreVariableDefStore::doAddVariableDefinition(const VarDefData& p_record)
+{
+    // Deliberate: names are registered before the record is appended, so after a duplicate the names registered so far
+    // belong to the next record. Held by AddDefinition.LeavesEarlierNamesToTheNextRecord.
+    const std::size_t index = m_records.size();
+    addVariableAlias(p_record.shortName, index);
+    addVariableAlias(p_record.longName, index);
+    addVariableAlias(p_record.oldShortName, index);
+    addVariableAlias(p_record.oldLongName, index);
+    m_records.push_back(p_record);
+}
+
+}    // namespace qen
