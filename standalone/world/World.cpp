@@ -8,19 +8,10 @@ const World* s_current = &k_emptyWorld;
 
 }
 
-const World& currentWorld()
-{
-    return *s_current;
-}
+const World& currentWorld() { return *s_current; }
 
-WorldScope::WorldScope(const World& p_world) : m_outer(s_current)
-{
-    s_current = &p_world;
-}
+WorldScope::WorldScope(const World& p_world) : m_outer(s_current) { s_current = &p_world; }
 
-WorldScope::~WorldScope()
-{
-    s_current = m_outer;
-}
+WorldScope::~WorldScope() { s_current = m_outer; }
 
 }    // namespace qen::standalone

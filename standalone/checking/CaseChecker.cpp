@@ -1,0 +1,219 @@
+#include "checking/CaseChecker.h"
+
+#include "checking/CaseIndex.h"
+#include "checking/MessageLog.h"
+#include "checking/ModelFindings.h"
+#include "checking/RecordPlaces.h"
+#include "model/ModelTree.h"
+#include "model/UpdateRecord.h"
+#include "world/World.h"
+
+#include "DimExprChecker.h"
+#include "DimExprCheckScheduler.h"
+
+#include "Error.h"
+
+#include <exception>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace qen::standalone {
+namespace {
+
+using Records = std::vector<ExpressionErrors::ExprError>;
+
+/// What an exception says, with where it comes from.
+std::string describe(const std::exception_ptr& p_exception)
+{
+    try
+    {
+        std::rethrow_exception(p_exception);
+    }
+    catch (const Error& error)
+    {
+        return error.errorMessage();
+    }
+    catch (const std::exception& error)
+    {
+        return error.what();
+    }
+    catch (...)
+    {
+        return "an exception of unknown type";
+    }
+}
+
+/// The check of one case, from the first change to the last finding.
+class CaseCheck {
+public:
+    CaseCheck(const QclDocument& p_case, const Definitions& p_definitions, const Progress& p_progress)
+        : m_case(p_case), m_definitions(p_definitions), m_progress(p_progress), m_index(p_case),
+          m_model(p_case), m_world(makeWorld())
+    {}
+
+    CaseReport run()
+    {
+        const WorldScope world(m_world);
+        const ScopedCheckMessageListener listener(&m_messages);
+
+        m_report.parameters = m_index.size();
+        m_report.expressions = addModelFindings(m_case, m_model, m_definitions.rules(), m_report.findings);
+
+        DimExprChecker checker = makeChecker();
+        DimExprCheckScheduler scheduler(&m_model, &m_definitions.rules(), nullptr, &checker);
+        followAllChanges(scheduler);
+        addRecords(runDeferred(checker, scheduler));
+
+        sortByPlace(m_report.findings);
+        return std::move(m_report);
+    }
+
+private:
+    World makeWorld()
+    {
+        World world;
+        world.units = &m_definitions.units();
+        world.variables = &m_definitions.variables();
+        world.rules = &m_definitions.rules();
+        world.model = &m_model;
+        world.onAssertion = [this](const std::string& p_message, const std::string& p_file, int p_line) {
+            m_report.internalError = true;
+            addWithoutPlace("internal-error", "Internal error: " + p_message + " (" + p_file + ", line " +
+                                                  std::to_string(p_line) + ").");
+        };
+        return world;
+    }
+
+    DimExprChecker makeChecker() const
+    {
+        return DimExprChecker(&m_model, &m_definitions.rules(), &m_definitions.rules(),
+                              &m_definitions.variables(), nullptr, nullptr, nullptr, nullptr);
+    }
+
+    /// Has the scheduler follow the case as a change of every parameter. An exception ends the check of its parameter
+    /// alone.
+    void followAllChanges(DimExprCheckScheduler& p_scheduler)
+    {
+        CatchingHandler handler(p_scheduler, *this);
+        UpdateRecord::everythingIn(m_model).replay(handler);
+    }
+
+    class CatchingHandler final : public QCLUpdateHandler {
+    public:
+        CatchingHandler(QCLUpdateHandler& p_target, CaseCheck& p_check) : m_target(p_target), m_check(p_check)
+        {}
+
+        void onParamChange(const std::string& p_objectPath, const std::string& p_paramName,
+                           const std::string& p_value, bool p_flag) override
+        {
+            if (m_check.m_progress)
+                m_check.m_progress(++m_done, m_check.m_report.parameters);
+            try
+            {
+                m_target.onParamChange(p_objectPath, p_paramName, p_value, p_flag);
+            }
+            catch (...)
+            {
+                m_check.addException(p_objectPath, p_paramName, std::current_exception());
+            }
+        }
+
+    private:
+        QCLUpdateHandler& m_target;
+        CaseCheck& m_check;
+        std::size_t m_done = 0;
+    };
+
+    /// Checks what was deferred in one run; if that throws, in one run per parameter, so that the exception is told
+    /// of the parameter that causes it and of no other.
+    Records runDeferred(DimExprChecker& p_checker, DimExprCheckScheduler& p_scheduler)
+    {
+        try
+        {
+            p_scheduler.runDeferredChecks();
+            return {p_checker.beginExprError(), p_checker.endExprError()};
+        }
+        catch (...)
+        {
+            return runOneByOne();
+        }
+    }
+
+    Records runOneByOne()
+    {
+        Records records;
+        for (const QclObject& object : m_case.objects)
+            for (const QclParameter& parameter : object.parameters)
+                runOne(object.path, parameter.name, records);
+        return records;
+    }
+
+    void runOne(const std::string& p_objectPath, const std::string& p_paramName, Records& p_records)
+    {
+        DimExprChecker checker = makeChecker();
+        DimExprCheckScheduler scheduler(&m_model, &m_definitions.rules(), nullptr, &checker);
+        try
+        {
+            scheduler.checkParam(p_objectPath, p_paramName);
+            scheduler.runDeferredChecks();
+        }
+        catch (...)
+        {
+            addException(p_objectPath, p_paramName, std::current_exception());
+        }
+        p_records.insert(p_records.end(), checker.beginExprError(), checker.endExprError());
+    }
+
+    void addRecords(const Records& p_records)
+    {
+        RecordPlaces places(m_case, m_index, m_world, makeChecker());
+        for (const ExpressionErrors::ExprError& record : p_records)
+            m_report.findings.push_back(places.toFinding(record, m_messages.identifier(record.message)));
+    }
+
+    void addException(const std::string& p_objectPath, const std::string& p_paramName,
+                      const std::exception_ptr& p_exception)
+    {
+        if (!m_excepted.insert(p_objectPath + "\n" + p_paramName).second)
+            return;    // told of when the parameter was followed
+
+        const std::string message = "Parameter '" + p_paramName + "' in object '" + p_objectPath +
+                                    "' could not be checked: " + describe(p_exception);
+        const QclParameter* parameter = m_index.find(p_objectPath, p_paramName);
+        if (parameter)
+            m_report.findings.push_back(
+                toFinding({Severity::Error, "check-exception", message, parameter->place,
+                           static_cast<std::uint32_t>(parameter->name.size())},
+                          m_case));
+        else
+            addWithoutPlace("check-exception", message);
+    }
+
+    void addWithoutPlace(std::string p_identifier, std::string p_message)
+    {
+        Finding finding;
+        finding.identifier = std::move(p_identifier);
+        finding.message = std::move(p_message);
+        m_report.findings.push_back(std::move(finding));
+    }
+
+    const QclDocument& m_case;
+    const Definitions& m_definitions;
+    const Progress& m_progress;
+    CaseIndex m_index;
+    ModelTree m_model;
+    World m_world;
+    MessageLog m_messages;
+    std::set<std::string> m_excepted;    // parameters that an exception was told of
+    CaseReport m_report;
+};
+
+}    // namespace
+
+CaseReport checkCase(const QclDocument& p_case, const Definitions& p_definitions, const Progress& p_progress)
+{
+    return CaseCheck(p_case, p_definitions, p_progress).run();
+}
+
+}    // namespace qen::standalone

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "definitions/Definitions.h"
+#include "definitions/Finding.h"
+#include "qcl/QclDocument.h"
+#include "StandaloneApi.h"
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+namespace qen::standalone {
+
+/// What was found in a case.
+struct QEN_STANDALONE_API CaseReport {
+    std::vector<Finding> findings;    ///< ordered by file and line
+    std::size_t parameters = 0;       ///< of the case
+    std::size_t expressions = 0;      ///< numeric values among them that are expressions
+    bool internalError = false;       ///< an internal assertion failed; the findings may not be all
+};
+
+/// Is told how many of how many parameters are done.
+using Progress = std::function<void(std::size_t, std::size_t)>;
+
+/// Checks every parameter of a case: has the library follow the case as one change of all its parameters, runs what it
+/// deferred, and adds what the library does not look at. No exception costs another parameter its check.
+QEN_STANDALONE_API CaseReport checkCase(const QclDocument& p_case, const Definitions& p_definitions,
+                                        const Progress& p_progress = {});
+
+}    // namespace qen::standalone

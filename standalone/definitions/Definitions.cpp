@@ -1,0 +1,125 @@
+#include "definitions/Definitions.h"
+
+#include "definitions/VariableDefinitions.h"
+#include "qcl/QclReader.h"
+#include "world/World.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <iterator>
+
+namespace qen::standalone {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* k_unitsFile = "UNITS.qcl";
+constexpr const char* k_rulesFile = "RULES.qcl";
+constexpr const char* k_variablesFile = "VARIABLES.qcl";
+
+Finding withoutPlace(std::string p_identifier, std::string p_message)
+{
+    Finding finding;
+    finding.identifier = std::move(p_identifier);
+    finding.message = std::move(p_message);
+    return finding;
+}
+
+std::string joined(const std::vector<std::string>& p_folders)
+{
+    std::string text;
+    for (const std::string& folder : p_folders)
+        text += (text.empty() ? "'" : ", '") + folder + "'";
+    return text;
+}
+
+/// Reads the files of one name, of all folders in order. The documents stay where they are.
+class DefinitionFile {
+public:
+    DefinitionFile(const char* p_name, const std::vector<std::string>& p_folders,
+                   std::vector<Finding>& p_problems)
+    {
+        for (const std::string& folder : p_folders)
+        {
+            const fs::path path = fs::path(folder) / p_name;
+            std::error_code error;
+            if (!fs::exists(path, error))
+                continue;
+            const QclDocument& document = m_documents.emplace_back(readQclFile(path.string()));
+            for (const Diagnostic& problem : document.problems)
+                p_problems.push_back(toFinding(problem, document));
+        }
+        if (m_documents.empty())
+            p_problems.push_back(
+                withoutPlace("missing-definitions", std::string("There is no definition file '") + p_name +
+                                                        "' in " + joined(p_folders) + "."));
+    }
+
+    const std::deque<QclDocument>& documents() const { return m_documents; }
+
+private:
+    std::deque<QclDocument> m_documents;
+};
+
+/// Hands each document to an `addDefinitions` and gives its problems their places.
+template <class Target>
+void addAll(Target& p_target, const DefinitionFile& p_file, std::vector<Finding>& p_problems)
+{
+    for (const QclDocument& document : p_file.documents())
+    {
+        Diagnostics problems;
+        p_target.addDefinitions(document, problems);
+        for (const Diagnostic& problem : problems)
+            p_problems.push_back(toFinding(problem, document));
+    }
+}
+
+}    // namespace
+
+Definitions::Definitions(const std::vector<std::string>& p_folders)
+{
+    const DefinitionFile unitsFile(k_unitsFile, p_folders, m_problems);
+    addAll(m_units, unitsFile, m_problems);
+
+    World world;
+    world.units = &m_units;
+    const WorldScope scope(world);
+
+    const DefinitionFile rulesFile(k_rulesFile, p_folders, m_problems);
+    addAll(m_rules, rulesFile, m_problems);
+
+    const DefinitionFile variablesFile(k_variablesFile, p_folders, m_problems);
+    VariableDefinitions variables;
+    for (const QclDocument& document : variablesFile.documents())
+        variables.add(document, m_problems);
+    variables.fill(m_variables, m_problems);
+}
+
+bool Definitions::hasErrors() const
+{
+    return std::any_of(m_problems.begin(), m_problems.end(),
+                       [](const Finding& p_problem) { return p_problem.severity == Severity::Error; });
+}
+
+std::vector<std::string> definitionFolders(const std::vector<std::string>& p_given,
+                                           const std::string& p_executable)
+{
+    if (!p_given.empty())
+        return p_given;
+
+    const char* environment = std::getenv("QENCHECK_DEFINITIONS");
+    if (environment && *environment)
+        return {environment};
+
+    std::error_code error;
+    const fs::path executable = fs::canonical(p_executable, error);
+    const fs::path installed = executable.parent_path().parent_path() / QEN_INSTALL_DEFINITIONS;
+    if (!error && fs::is_directory(installed, error))
+        return {installed.string()};
+
+    return {QEN_BUILD_DEFINITIONS};
+}
+
+}    // namespace qen::standalone

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "definitions/Finding.h"
+#include "PreVariableDefStore.h"
+#include "rules/RuleBook.h"
+#include "StandaloneApi.h"
+#include "units/UnitSystem.h"
+
+#include <string>
+#include <vector>
+
+namespace qen::standalone {
+
+/// What the definition files say, loaded into the catalogues that the checks read. Must stay where it is while a world
+/// points to it.
+class QEN_STANDALONE_API Definitions {
+public:
+    /// Reads UNITS.qcl, RULES.qcl and VARIABLES.qcl of each folder. Files of later folders add to and override those
+    /// of earlier ones; a folder need not hold all, but together they must.
+    ///
+    /// Loading goes on after every problem, so that all are known at the end; with an error among them the catalogues
+    /// are not to be used.
+    explicit Definitions(const std::vector<std::string>& p_folders);
+
+    Definitions(const Definitions&) = delete;
+    Definitions& operator=(const Definitions&) = delete;
+
+    const UnitSystem& units() const { return m_units; }
+    const RuleBook& rules() const { return m_rules; }
+    const PreVariableDefStore& variables() const { return m_variables; }
+
+    /// Every problem, in the order of folders, files and lines.
+    const std::vector<Finding>& problems() const { return m_problems; }
+
+    bool hasErrors() const;
+
+private:
+    UnitSystem m_units;
+    RuleBook m_rules;
+    PreVariableDefStore m_variables;
+    std::vector<Finding> m_problems;
+};
+
+/// The folders to read definitions from: those given, else that of the environment variable QENCHECK_DEFINITIONS, else
+/// the `share` folder that belongs to the executable's, else the one of the build.
+///
+/// @param p_executable  Path of the running executable.
+QEN_STANDALONE_API std::vector<std::string> definitionFolders(const std::vector<std::string>& p_given,
+                                                              const std::string& p_executable);
+
+}    // namespace qen::standalone
