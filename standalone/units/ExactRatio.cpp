@@ -116,6 +116,17 @@ Ratio reduced(Ratio p_ratio)
     return {p_ratio.numerator / divisor, p_ratio.denominator / divisor};
 }
 
+Ratio sum(Ratio p_one, Ratio p_other)
+{
+    return reduced({p_one.numerator * p_other.denominator + p_other.numerator * p_one.denominator,
+                    p_one.denominator * p_other.denominator});
+}
+
+Ratio quotient(Ratio p_one, Ratio p_other)
+{
+    return reduced({p_one.numerator * p_other.denominator, p_one.denominator * p_other.numerator});
+}
+
 std::optional<Ratio> readRatio(std::string_view p_text)
 {
     const std::size_t slash = p_text.find('/');
@@ -126,7 +137,7 @@ std::optional<Ratio> readRatio(std::string_view p_text)
     const std::optional<Ratio> below = readNumber(trimmed(p_text.substr(slash + 1)));
     if (!below || below->numerator == 0.0)
         return std::nullopt;
-    return reduced({above->numerator * below->denominator, above->denominator * below->numerator});
+    return quotient(*above, *below);
 }
 
 }    // namespace qen::standalone

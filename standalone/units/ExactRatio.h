@@ -16,6 +16,9 @@ struct Ratio {
 /// Reads "0.3048", "1e-3" or "5/9". None when the text is anything else or beyond double precision.
 std::optional<Ratio> readRatio(std::string_view p_text);
 
+Ratio sum(Ratio p_one, Ratio p_other);
+Ratio quotient(Ratio p_one, Ratio p_other);
+
 /// The same fraction in lowest terms, where both sides are whole numbers; else unchanged.
 Ratio reduced(Ratio p_ratio);
 

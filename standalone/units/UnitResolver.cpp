@@ -245,9 +245,8 @@ private:
         resolved.dims = product.dims;
         resolved.numerator = product.numerator;
         resolved.denominator = product.denominator;
-        resolved.zero =
-            (unit.offset.value() + product.zero) * unit.factor.denominator / unit.factor.numerator;
-        if (resolved.zero != 0.0 && unit.takesPrefixes)
+        resolved.zero = quotient(sum(unit.offset, product.zero()), unit.factor);
+        if (resolved.zero.numerator != 0.0 && unit.takesPrefixes)
             report(p_unit, "bad-value", 0, unit.text.size(),
                    fmt::format("unit '{}' is a scale with a zero of its own and cannot take prefixes",
                                unit.name));

@@ -7,12 +7,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <unordered_map>
 #include <utility>
 
@@ -48,15 +46,6 @@ bool haveSameDimension(const UnitProduct& p_one, const UnitProduct& p_other)
     return true;
 }
 
-/// The sum of two numbers; zero when they cancel to within their rounding, so that 32 F is 0 C and not some 1e-14.
-double sumOrZero(double p_one, double p_other)
-{
-    const double sum = p_one + p_other;
-    const double rounding = 4.0 * std::numeric_limits<double>::epsilon();
-    return p_other != 0.0 && std::abs(sum) <= rounding * std::max(std::abs(p_one), std::abs(p_other)) ? 0.0
-                                                                                                      : sum;
-}
-
 }
 
 struct UnitSystem::Impl {
@@ -79,8 +68,6 @@ struct UnitSystem::Impl {
         });
         if (fault)
             return fault;
-        if (p_product.factors > 1)
-            p_product.zero = 0.0;
         return {p_product.fault(), 0, p_text.size()};
     }
 
@@ -111,7 +98,7 @@ struct UnitSystem::Impl {
                     fault.fault == UnitsFault::UnknownUnit ? "unknown-unit" : "bad-units",
                     fmt::format("units {} of quantity {} are not understood: {}", quoted(definition.text),
                                 quoted(definition.name), describe(fault, definition.text))));
-            else if (meaning.numerator != meaning.denominator || meaning.zero != 0.0)
+            else if (meaning.numerator != meaning.denominator || meaning.hasZero())
                 p_problems.push_back(problemInValue(
                     text, 0, definition.text.size(), "bad-units",
                     fmt::format(
@@ -154,7 +141,7 @@ std::optional<UnitValue> UnitSystem::parse(std::string_view p_units, std::string
     result.emplace();
     result->dims = singlePrecision(product.dims);
     result->factor = product.numerator / product.denominator;
-    result->offset = product.zero * product.numerator / product.denominator;
+    result->offset = product.zero().value() * result->factor;
     return result;
 }
 
@@ -166,10 +153,21 @@ std::optional<double> UnitSystem::convert(std::string_view p_from, std::string_v
     if (m_impl->product(p_from, from) || m_impl->product(p_to, to) || !haveSameDimension(from, to))
         return std::nullopt;
 
-    // One fraction for both units, so that whole numbers of it are rounded but once.
-    const Ratio ratio = reduced({from.numerator * to.denominator, from.denominator * to.numerator});
-    const double inBase = sumOrZero(p_value, from.zero);
-    return sumOrZero(inBase * ratio.numerator / ratio.denominator, -to.zero);
+    // One fraction for both units, so that what is made of whole numbers is rounded but once.
+    Ratio scale {from.numerator * to.denominator, from.denominator * to.numerator};
+    if (scale.numerator == scale.denominator || !std::isnormal(scale.numerator) ||
+        !std::isnormal(scale.denominator))
+        scale = {from.numerator / from.denominator / (to.numerator / to.denominator), 1.0};
+    if (!from.hasZero() && !to.hasZero())
+        return p_value * scale.numerator / scale.denominator;
+
+    // Both zeros as one fraction, put together before they are rounded: 32 F is 0 C and not some 1e-14.
+    const Ratio zero = to.zero();
+    const Ratio shift =
+        sum({from.zero().numerator * scale.numerator, from.zero().denominator * scale.denominator},
+            {-zero.numerator, zero.denominator});
+    return (p_value * scale.numerator * shift.denominator + shift.numerator * scale.denominator) /
+           (scale.denominator * shift.denominator);
 }
 
 std::string UnitSystem::baseUnits(const UnitDimensions& p_dims) const

@@ -58,8 +58,8 @@ void UnitProduct::multiply(double p_numerator, double p_denominator, const Resol
 {
     for (std::size_t i = 0; i < dims.size(); ++i)
         dims[i] += p_exponent * p_unit.dims[i];
-    zero = factors == 0 && p_exponent == 1.0 ? p_unit.zero : 0.0;
-    ++factors;
+    standsAlone = !first && p_exponent == 1.0;
+    first = first ? first : &p_unit;
 
     if (p_exponent == 1.0)
     {

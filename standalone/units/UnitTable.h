@@ -1,6 +1,7 @@
 #pragma once
 
 #include "UnitDimensions.h"
+#include "units/ExactRatio.h"
 #include "units/UnitsText.h"
 
 #include <array>
@@ -17,7 +18,7 @@ struct ResolvedUnit {
     alignas(16) std::array<double, UnitDimensions::k_count> dims {};
     double numerator = 1.0;
     double denominator = 1.0;
-    double zero = 0.0;    ///< other than 0 for a temperature scale that does not begin at absolute zero
+    Ratio zero {0.0, 1.0};    ///< other than 0 for a temperature scale that does not begin at absolute zero
 };
 
 /// Finds a unit by its name, with or without prefix. Every name with a prefix is an entry of its own, so that a look-up
@@ -99,8 +100,13 @@ struct UnitProduct {
     alignas(16) std::array<double, UnitDimensions::k_count> dims {};
     double numerator = 1.0;
     double denominator = 1.0;
-    double zero = 0.0;    ///< of the only factor, should there be but one and its exponent be 1
-    std::size_t factors = 0;
+    const ResolvedUnit* first = nullptr;
+    bool standsAlone = false;    ///< one factor with exponent 1: a unit as it is
+
+    /// Where a scale that stands alone has its zero; 0 for all else, as a scale in a product measures differences.
+    bool hasZero() const { return standsAlone && first->zero.numerator != 0.0; }
+
+    Ratio zero() const { return standsAlone ? first->zero : Ratio {0.0, 1.0}; }
 
     void multiply(double p_numerator, double p_denominator, const ResolvedUnit& p_unit, double p_exponent);
 
