@@ -1,0 +1,79 @@
+#include "qcl/PlainText.h"
+
+namespace qen::standalone {
+
+namespace {
+
+/// The length of the UTF-8 sequence at the beginning of a text; 0 when there is none.
+std::size_t sequenceLength(std::string_view p_text)
+{
+    const auto byte = [&](std::size_t p_at) {
+        return p_at < p_text.size() ? static_cast<unsigned char>(p_text[p_at]) : 0U;
+    };
+    const auto continues = [&](std::size_t p_at) { return (byte(p_at) & 0xC0U) == 0x80U; };
+
+    const unsigned lead = byte(0);
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xC2 && lead <= 0xDF)
+        return continues(1) ? 2 : 0;
+    if (lead >= 0xE0 && lead <= 0xEF)
+    {
+        const bool overlong = lead == 0xE0 && byte(1) < 0xA0;
+        const bool surrogate = lead == 0xED && byte(1) > 0x9F;
+        return continues(1) && continues(2) && !overlong && !surrogate ? 3 : 0;
+    }
+    if (lead >= 0xF0 && lead <= 0xF4)
+    {
+        const bool overlong = lead == 0xF0 && byte(1) < 0x90;
+        const bool beyond = lead == 0xF4 && byte(1) > 0x8F;
+        return continues(1) && continues(2) && continues(3) && !overlong && !beyond ? 4 : 0;
+    }
+    return 0;
+}
+
+/// U+0000 to U+001F and U+007F to U+009F, the tab apart.
+bool isControlCharacter(std::string_view p_sequence)
+{
+    const auto lead = static_cast<unsigned char>(p_sequence[0]);
+    if (p_sequence.size() == 1)
+        return (lead < 0x20 && lead != '\t') || lead == 0x7F;
+    return lead == 0xC2 && static_cast<unsigned char>(p_sequence[1]) < 0xA0;
+}
+
+}    // namespace
+
+TextFault findTextFault(std::string_view p_line)
+{
+    for (std::size_t at = 0; at < p_line.size();)
+    {
+        const std::size_t length = sequenceLength(p_line.substr(at));
+        if (length == 0)
+            return {TextFault::Kind::NotUtf8, at};
+        if (isControlCharacter(p_line.substr(at, length)))
+            return {TextFault::Kind::ControlCharacter, at};
+        at += length;
+    }
+    return {};
+}
+
+std::string inQuotes(std::string_view p_text)
+{
+    constexpr std::size_t k_mostCharacters = 80;
+
+    std::size_t characters = 0;
+    std::size_t end = 0;
+    for (; end < p_text.size(); ++end)
+    {
+        const bool begins = (static_cast<unsigned char>(p_text[end]) & 0xC0U) != 0x80U;
+        if (begins && ++characters > k_mostCharacters)
+            break;
+    }
+
+    std::string result = "'";
+    result.append(p_text.substr(0, end));
+    result += end < p_text.size() ? "...'" : "'";
+    return result;
+}
+
+}    // namespace qen::standalone
