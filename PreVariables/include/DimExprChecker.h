@@ -136,6 +136,8 @@ private:
     void checkVariableAvailability(const std::string& p_objectPath, const std::string& p_paramName,
                                    const std::vector<SplitVariableName>& p_splitNames);
 
+    friend struct DimExprCheckerPeer;    // tests look at single steps and at the caches
+
     const ModelQCL* m_model;
     const ExprParamRules* m_rules;
     const QuantityModifier* m_quantityModifier;
