@@ -303,10 +303,9 @@ private:
         }
 
         if (m_open.size() > m_limits.includeDepth)
-            return report(
-                QclProblem::IncludeDepth, place, p_named.size(),
-                fmt::format("The file {} would be the {}th in a chain of includes. Expected at most {}.",
-                            inQuotes(p_named), m_open.size(), m_limits.includeDepth));
+            return report(QclProblem::IncludeDepth, place, p_named.size(),
+                          fmt::format("The file {} is included at depth {}. Expected at most {}.",
+                                      inQuotes(p_named), m_open.size(), m_limits.includeDepth));
 
         if (++m_filesIncluded > m_limits.includedFiles)
             return report(QclProblem::IncludedFiles, place, p_named.size(),
