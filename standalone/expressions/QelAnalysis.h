@@ -1,0 +1,167 @@
+#pragma once
+
+#include "expressions/QelDims.h"
+#include "expressions/QelExpression.h"
+#include "expressions/QelFunctions.h"
+#include "expressions/QelNames.h"
+#include "expressions/QelSyntax.h"
+#include "model/ModelTree.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+/// @file
+/// The one pass over an expression: each rule of the grammar reads its stretch of the text and leaves an operand.
+
+namespace qen::standalone::qel {
+
+class Analysis {
+public:
+    Analysis(const World& p_world, QelResult& p_result, bool p_wantReferences)
+        : m_world(p_world), m_names(p_world), m_result(p_result), m_wantReferences(p_wantReferences)
+    {}
+
+    void run(std::string_view p_text);
+
+private:
+    /// A text that is being read: the one that was given, a named expression, or that of a monitor point.
+    struct Source {
+        enum class Kind : std::uint8_t { Given, NamedExpression, MonitorPoint };
+
+        std::string_view text;
+        Kind kind = Kind::Given;
+        const ModelTree::Parameter* parameter = nullptr;    ///< that holds the text; null for the given one
+        std::string_view name;                              ///< of the named expression or monitor point
+        TextRange shown;                                    ///< where the given text refers to it
+        Source* outer = nullptr;
+
+        // Brackets that were paired ahead of reading: by the place of the opening one, up to a place of the text.
+        std::vector<std::pair<const char*, const char*>> brackets;
+        const char* pairedUpTo = nullptr;
+    };
+
+    /// What is known of a parameter's expression after it was read once.
+    struct Known {
+        bool beingRead = false;
+        bool collected = false;    ///< its references have been counted as the given expression's own
+        bool judged = false;
+        bool failed = false;
+        Operand operand;
+    };
+
+    enum class Infix : std::uint8_t {
+        Or,
+        And,
+        Equal,
+        Unequal,
+        Less,
+        LessEqual,
+        Greater,
+        GreaterEqual,
+        Add,
+        Subtract,
+        Multiply,
+        Divide
+    };
+
+    struct InfixPlace {
+        unsigned precedence;    ///< 0 for none
+        unsigned bytes;
+        Infix infix;
+    };
+
+    // The grammar, from loose to tight binding (QelAnalysis.cpp). Each is false after an error.
+    bool whole(Operand& p_operand);
+    bool infix(Operand& p_left, unsigned p_precedence);
+    bool unary(Operand& p_operand);
+    bool sign(Operand& p_operand);
+    bool power(Operand& p_operand);
+    bool primary(Operand& p_operand);
+    bool number(Operand& p_operand);
+    bool parenthesis(Operand& p_operand);
+    bool units(Operand& p_operand, const char* p_begin);
+    bool functionCall(const Function& p_function, Operand& p_operand, const char* p_begin);
+    InfixPlace infixAhead() const;
+    bool combine(Infix p_infix, Operand& p_left, const Operand& p_right, const char* p_begin,
+                 const char* p_at);
+    bool raise(Operand& p_base, const Operand& p_exponent, const char* p_begin, const char* p_at);
+    bool judgeArguments(const Function& p_function, Operand* p_arguments, unsigned p_count,
+                        const char* p_begin);
+
+    // What names refer to (QelReferences.cpp).
+    bool reference(Operand& p_operand);
+    bool variable(const RootPlace& p_root, Operand& p_operand, const char* p_begin);
+    bool namedExpression(const ModelTree::Parameter& p_parameter, Operand& p_operand, const char* p_begin);
+    bool readParameter(const ModelTree::Parameter& p_parameter, Source::Kind p_kind, std::string_view p_name,
+                       Operand& p_operand, const char* p_begin);
+    bool callback(const Component& p_function, Operand& p_operand, const char* p_begin);
+    bool argument(std::string_view p_argument, std::string_view p_locator, Operand& p_operand);
+    bool expressionValue(Operand& p_operand, const char* p_begin);
+    const char* closingBracket(const char* p_open);
+    bool countReference(const char* p_begin);
+    void collectVariable(std::string_view p_name);
+    void collect(QelReference::Kind p_kind, std::string_view p_text);
+
+    // Errors (QelFailures.cpp).
+    bool fail(const char* p_begin, const char* p_end, std::string p_message);
+    bool failBeyondLimit(const char* p_begin, const char* p_end, std::string p_message);
+    bool failDims(const char* p_begin, const char* p_end, std::string p_message);
+    bool failExpected(const char* p_at, std::string_view p_expected);
+    bool failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name, const char* p_begin);
+    void leaveUnresolved(const char* p_begin, const char* p_end, std::string p_message);
+    QelError errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const;
+    TextRange rangeOf(const char* p_begin, const char* p_end) const;
+    std::string column(const char* p_at) const;
+    std::string dimsText(const Operand& p_operand) const;
+
+    bool descend(const char* p_at)
+    {
+        return ++m_depth <= QelLimits::k_depth || failBeyondLimit(p_at, p_at + 1, depthProblem());
+    }
+
+    static std::string depthProblem();
+
+    void skipBlanks()
+    {
+        while (m_at != m_end && hasClass(*m_at, k_blank))
+            ++m_at;
+    }
+
+    /// The character ahead; NUL at the end.
+    char ahead() const { return m_at != m_end ? *m_at : '\0'; }
+
+    const World& m_world;
+    Names m_names;
+    QelResult& m_result;
+    const bool m_wantReferences;
+
+    Source* m_source = nullptr;
+    const char* m_at = nullptr;
+    const char* m_end = nullptr;
+    unsigned m_depth = 0;
+    std::size_t m_references = 0;
+
+    bool m_quiet = false;         // in the argument of a callback: nothing is collected, errors do not count
+    bool m_fatal = false;         // an error that counts even there
+    bool m_inArgument = false;    // directly, so that the value of a monitor point is known
+    std::string_view m_locator;
+
+    // A number with the units of an offset temperature, to which a sign belongs: where it ends, and its offset.
+    const char* m_offsetNumberEnd = nullptr;
+    double m_offset = 0.0;
+
+    // A reference that no catalogue resolves. The text is read to its end all the same.
+    std::optional<QelError> m_unresolved;
+
+    std::unordered_map<const ModelTree::Parameter*, Known> m_known;
+    std::unordered_set<std::string> m_seen;    // only where there are many variables
+};
+
+}    // namespace qen::standalone::qel

@@ -1,0 +1,185 @@
+#include "expressions/QelNames.h"
+
+#include "DataError.h"
+#include "PreVariableDefStore.h"
+
+#include "expressions/QelErrors.h"
+#include "expressions/QelSyntax.h"
+#include "units/UnitSystem.h"
+#include "world/World.h"
+
+#include <array>
+#include <cstring>
+
+namespace qen::standalone::qel {
+namespace {
+
+constexpr std::string_view k_additionalVariablePath = "/LIBRARY/ADDITIONAL VARIABLE:";
+constexpr std::string_view k_expressionsPath = "/LIBRARY/QEL/EXPRESSIONS";
+
+// Names beyond this are taken care of as well, with memory of their own.
+constexpr std::size_t k_pathBytes = 256;
+
+bool endsLikeVectorComponent(std::string_view p_name)
+{
+    if (p_name.size() < 3 || p_name[p_name.size() - 2] != ' ')
+        return false;
+    switch (p_name.back())
+    {
+    case 'X':
+    case 'Y':
+    case 'Z':
+    case 'x':
+    case 'y':
+    case 'z':
+        return true;
+    default:
+        return false;
+    }
+}
+
+const ModelTree::Object* additionalVariableObject(const ModelTree& p_model, std::string_view p_name)
+{
+    std::array<char, k_pathBytes> path;    // not initialised: only what is written is read
+    const std::size_t length = k_additionalVariablePath.size() + p_name.size();
+    if (length > path.size())
+        return p_model.find(std::string(k_additionalVariablePath).append(p_name));
+    std::memcpy(path.data(), k_additionalVariablePath.data(), k_additionalVariablePath.size());
+    std::memcpy(path.data() + k_additionalVariablePath.size(), p_name.data(), p_name.size());
+    return p_model.find(std::string_view(path.data(), length));
+}
+
+}
+
+Names::Root Names::classify(std::string_view p_name)
+{
+    m_additionalVariable = nullptr;
+    if (m_world.variables)
+    {
+        m_name.assign(p_name);
+        if (m_world.variables->hasVariable(m_name))
+            return Root::Variable;
+    }
+    if (m_world.model)
+        m_additionalVariable = additionalVariable(p_name);
+    if (m_additionalVariable)
+        return Root::AdditionalVariable;
+    return p_name == k_expressionValue ? Root::ExpressionValue : Root::None;
+}
+
+const ModelTree::Object* Names::additionalVariable(std::string_view p_name) const
+{
+    if (const ModelTree::Object* object = additionalVariableObject(*m_world.model, p_name))
+        return object;
+    if (!endsLikeVectorComponent(p_name))
+        return nullptr;
+    const ModelTree::Object* vector =
+        additionalVariableObject(*m_world.model, p_name.substr(0, p_name.size() - 2));
+    if (!vector)
+        return nullptr;
+    const ModelTree::Parameter* tensorType = vector->find("Tensor Type");
+    return tensorType && tensorType->value == "VECTOR" ? vector : nullptr;
+}
+
+bool Names::dims(UnitDimensions& p_dims, std::string& p_problem)
+{
+    return m_additionalVariable ? additionalVariableDims(p_dims, p_problem) : variableDims(p_dims, p_problem);
+}
+
+bool Names::variableDims(UnitDimensions& p_dims, std::string& p_problem) const
+{
+    const std::string* quantity = nullptr;
+    try
+    {
+        const PreVariableDefStore& store = *m_world.variables;
+        quantity = &store.fieldValue(store.variableData(m_name).quantity);
+    }
+    catch (const data::error&)
+    {
+        p_problem =
+            "is the name of a variable whose definition was refused; expected a variable that is defined";
+        return false;
+    }
+    if (quantity->empty())
+    {
+        p_dims = UnitDimensions();
+        return true;
+    }
+    const std::string* units = m_world.units ? m_world.units->quantityUnits(*quantity) : nullptr;
+    if (!units)
+    {
+        p_problem = "is a variable of the quantity " + quoted(*quantity) +
+                    ", of which the units are not defined; expected a quantity of the units definitions";
+        return false;
+    }
+    const std::optional<UnitValue> value = m_world.units->parse(*units);
+    if (!value)
+    {
+        p_problem = "is a variable of the quantity " + quoted(*quantity) + ", of which the units " +
+                    quoted(*units) + " are not understood";
+        return false;
+    }
+    p_dims = value->dims;
+    return true;
+}
+
+bool Names::additionalVariableDims(UnitDimensions& p_dims, std::string& p_problem) const
+{
+    const ModelTree::Parameter* units = m_additionalVariable->find("Units");
+    if (!units || units->value.empty())
+    {
+        p_problem = "is an additional variable without units; expected the parameter 'Units' in object " +
+                    quoted(m_additionalVariable->path);
+        return false;
+    }
+    std::string reason;
+    const std::optional<UnitValue> value =
+        m_world.units ? m_world.units->parse(units->value, &reason) : std::nullopt;
+    if (!value)
+    {
+        p_problem = "is an additional variable whose units " + quoted(units->value) +
+                    " are not understood; expected units in the parameter 'Units' of object " +
+                    quoted(m_additionalVariable->path);
+        return false;
+    }
+    p_dims = value->dims;
+    return true;
+}
+
+const ModelTree::Parameter* Names::namedExpression(std::string_view p_name) const
+{
+    if (!m_world.model)
+        return nullptr;
+    const ModelTree::Object* expressions = m_world.model->find(k_expressionsPath);
+    return expressions ? expressions->find(p_name) : nullptr;
+}
+
+RootPlace findRoot(Names& p_names, std::string_view p_reference)
+{
+    ComponentsFromTheRight components(p_reference);
+    const std::string_view last = *components.next();
+    std::optional<std::string_view> right = components.next();
+    if (right)
+        if (const Names::Root kind = p_names.classify(*right); kind != Names::Root::None)
+            return {kind, *right, last};
+    if (const Names::Root kind = p_names.classify(last); kind != Names::Root::None)
+        return {kind, last, {}};
+    while (right)
+    {
+        const std::optional<std::string_view> name = components.next();
+        if (!name)
+            break;
+        if (const Names::Root kind = p_names.classify(*name); kind != Names::Root::None)
+            return {kind, *name, *right};
+        right = name;
+    }
+    return {};
+}
+
+// The store of definitions holds no operators yet.
+std::optional<UnitDimensions> operatorDims(const World&, std::string_view) { return std::nullopt; }
+
+// No store of callback functions exists yet.
+std::optional<UnitDimensions> callbackDims(const World&, std::string_view) { return std::nullopt; }
+
+}    // namespace qen::standalone::qel
