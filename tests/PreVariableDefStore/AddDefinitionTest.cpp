@@ -32,17 +32,22 @@ protected:
 
 TEST_F(AddDefinition, FollowsAVectorByItsThreeComponents)
 {
-    m_store.addVariableDefinition("Velocity", velocity());
+    m_store.addVariableDefinition("Velocity", velocity({{"Old Component Short Names", "U0,V0,W0"},
+                                                        {"Old Component Long Names", "Old u,Old v,Old w"}}));
 
     EXPECT_THAT(m_store.getAllVariableShortNames(), ElementsAre("Velocity", "U", "V", "W"));
     EXPECT_EQ(text(m_store.variableData("Velocity").tensorType), "VECTOR");
     EXPECT_THAT(texts(m_store.variableData("Velocity").componentShortNames), ElementsAre("U", "V", "W"));
     EXPECT_THAT(texts(m_store.variableData("Velocity").componentLongNames),
                 ElementsAre("Velocity u", "Velocity v", "Velocity w"));
+    EXPECT_THAT(texts(m_store.variableData("Velocity").oldComponentShortNames),
+                ElementsAre("U0", "V0", "W0"));
+    EXPECT_THAT(texts(m_store.variableData("Velocity").oldComponentLongNames),
+                ElementsAre("Old u", "Old v", "Old w"));
 
-    EXPECT_THAT(m_store.getVariableAliases("U"), ElementsAre("U", "Velocity u"));
-    EXPECT_THAT(m_store.getVariableAliases("V"), ElementsAre("V", "Velocity v"));
-    EXPECT_THAT(m_store.getVariableAliases("W"), ElementsAre("W", "Velocity w"));
+    EXPECT_THAT(m_store.getVariableAliases("U"), ElementsAre("U", "Velocity u", "U0", "Old u"));
+    EXPECT_THAT(m_store.getVariableAliases("V"), ElementsAre("V", "Velocity v", "V0", "Old v"));
+    EXPECT_THAT(m_store.getVariableAliases("W"), ElementsAre("W", "Velocity w", "W0", "Old w"));
     for (const char* name : {"U", "V", "W"})
     {
         const PreVariableDefStore::VarDefData& component = m_store.variableData(name);
