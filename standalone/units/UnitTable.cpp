@@ -1,6 +1,5 @@
 #include "units/UnitTable.h"
 
-#include <cfloat>
 #include <cmath>
 
 namespace qen::standalone {
@@ -53,29 +52,8 @@ UnitTable::Entry& UnitTable::insert(std::string_view p_name, bool& p_isNew)
     }
 }
 
-void UnitProduct::multiply(double p_numerator, double p_denominator, const ResolvedUnit& p_unit,
-                           double p_exponent)
+void UnitProduct::multiplyPower(double p_numerator, double p_denominator, double p_exponent)
 {
-    for (std::size_t i = 0; i < dims.size(); ++i)
-        dims[i] += p_exponent * p_unit.dims[i];
-    standsAlone = !first && p_exponent == 1.0;
-    first = first ? first : &p_unit;
-
-    if (p_exponent == 1.0)
-    {
-        numerator *= p_numerator;
-        denominator *= p_denominator;
-        return;
-    }
-    if (p_exponent == -1.0)
-    {
-        numerator *= p_denominator;
-        denominator *= p_numerator;
-        return;
-    }
-    if (p_numerator == p_denominator)
-        return;
-
     const double above = p_exponent < 0.0 ? p_denominator : p_numerator;
     const double below = p_exponent < 0.0 ? p_numerator : p_denominator;
     const double size = std::abs(p_exponent);
@@ -87,20 +65,6 @@ void UnitProduct::multiply(double p_numerator, double p_denominator, const Resol
     }
     else
         numerator *= std::pow(above / below, size);
-}
-
-UnitsFault UnitProduct::fault() const
-{
-    double largest = 0.0;
-    for (const double exponent : dims)
-        largest = std::abs(exponent) > largest ? std::abs(exponent) : largest;
-    if (largest > k_maxExponent)
-        return UnitsFault::DimensionTooLarge;
-
-    const double factor = numerator / denominator;
-    if (!(factor >= DBL_MIN && factor <= DBL_MAX))    // false for a NaN as well
-        return UnitsFault::FactorOutOfRange;
-    return UnitsFault::None;
 }
 
 }    // namespace qen::standalone

@@ -5,6 +5,8 @@
 #include "units/UnitsText.h"
 
 #include <array>
+#include <cfloat>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -108,10 +110,44 @@ struct UnitProduct {
 
     Ratio zero() const { return standsAlone ? first->zero : Ratio {0.0, 1.0}; }
 
-    void multiply(double p_numerator, double p_denominator, const ResolvedUnit& p_unit, double p_exponent);
+    void multiply(double p_numerator, double p_denominator, const ResolvedUnit& p_unit, double p_exponent)
+    {
+        for (std::size_t i = 0; i < dims.size(); ++i)
+            dims[i] += p_exponent * p_unit.dims[i];
+        standsAlone = !first && p_exponent == 1.0;
+        first = first ? first : &p_unit;
+
+        if (p_exponent == 1.0)
+        {
+            numerator *= p_numerator;
+            denominator *= p_denominator;
+        }
+        else if (p_exponent == -1.0)
+        {
+            numerator *= p_denominator;
+            denominator *= p_numerator;
+        }
+        else if (p_numerator != p_denominator)
+            multiplyPower(p_numerator, p_denominator, p_exponent);
+    }
 
     /// Whether factor and exponents lie within what is admitted.
-    UnitsFault fault() const;
+    UnitsFault fault() const
+    {
+        bool isTooLarge = false;
+        for (const double exponent : dims)
+            isTooLarge |= std::abs(exponent) > k_maxExponent;
+        if (isTooLarge)
+            return UnitsFault::DimensionTooLarge;
+
+        const double factor = numerator / denominator;
+        if (!(factor >= DBL_MIN && factor <= DBL_MAX))    // false for a NaN as well
+            return UnitsFault::FactorOutOfRange;
+        return UnitsFault::None;
+    }
+
+private:
+    void multiplyPower(double p_numerator, double p_denominator, double p_exponent);
 };
 
 }    // namespace qen::standalone
