@@ -500,7 +500,8 @@ DeclarationPlace RuleReader::placeOf(const QclObject& p_text) const
 {
     const std::uint32_t file = p_text.place.file;
     const std::string name = file < m_document.files.size() ? m_document.files[file].path : std::string();
-    return {m_number, p_text.place, name + ":" + std::to_string(p_text.place.line)};
+    return {m_number, p_text.place, static_cast<std::uint32_t>(p_text.path.size()),
+            name + ":" + std::to_string(p_text.place.line)};
 }
 
 }    // namespace qen::standalone

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t k_maximumNodes = 65536;
 
 Diagnostic conflict(std::string_view p_lastType, const DeclaredParameter& p_here,
-                    const DeclaredParameter& p_there, const SourcePlace& p_place)
+                    const DeclaredParameter& p_there, const DeclarationPlace& p_place)
 {
     Diagnostic problem;
     problem.identifier = "conflicting-parameter-type";
@@ -19,7 +19,8 @@ Diagnostic conflict(std::string_view p_lastType, const DeclaredParameter& p_here
                       std::string(p_lastType) + "' is '" + p_here.rule.type + "' here but '" +
                       p_there.rule.type + "' at " + p_there.place.text +
                       ". It needs the same type wherever such an object stands.";
-    problem.place = p_place;
+    problem.place = p_place.place;
+    problem.length = p_place.length;
     return problem;
 }
 
@@ -192,9 +193,9 @@ void RuleTree::recordTypes(const RuleNode& p_node, const DeclaredObject& p_objec
         // A conflict among earlier documents alone was reported with them, unless an object of this document brought
         // the two together.
         if (here->place.document == p_document)
-            p_problems.push_back(conflict(p_node.type, *here, *there, here->place.place));
+            p_problems.push_back(conflict(p_node.type, *here, *there, here->place));
         else if (p_object.place.document == p_document)
-            p_problems.push_back(conflict(p_node.type, *here, *there, p_object.place.place));
+            p_problems.push_back(conflict(p_node.type, *here, *there, p_object.place));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "rules/RuleBook.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -34,7 +35,8 @@ bool takeLevel(std::string_view& p_rest, PathLevel& p_level);
 struct DeclarationPlace {
     std::size_t document = 0;    ///< counted from 1 in the order of loading; 0: nowhere
     SourcePlace place;
-    std::string text;    ///< "RULES.qcl:12"
+    std::uint32_t length = 0;    ///< of the path in the section's header
+    std::string text;            ///< "RULES.qcl:12"
 };
 
 /// Where the units of a dynamic quantity come from: a parameter of an object whose path borrows names from the path
