@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -140,17 +141,172 @@ public:
     /// The short names of all records, in their order. The reference holds until the next definition.
     const std::vector<std::string>& getAllVariableShortNames() const;
 
+    // Variable operators: words that are applied to a variable's name, such as a gradient. They have names of their own
+    // and are no variables: no other query sees them.
+
+    /// Adds one operator under its short and its long name, and likewise the components of a vector operator, which
+    /// share its dimension modifier and availability.
+    ///
+    /// @param p_name        The short name.
+    /// @param p_parameters  The definition's keys and texts. Required: "Tensor Type", "SCALAR" or "VECTOR"; "Long Name";
+    ///                      for a vector "Component Short Names" and "Component Long Names", lists of 3. Optional:
+    ///                      "Dimensions Modifier", units in square brackets or a quantity; "QEL Availability", a list.
+    ///                      Unknown keys are ignored.
+    /// @throws data::error      A key is missing, a list has the wrong length or the tensor type is another. Nothing is
+    ///                          added.
+    /// @throws units::error     The host does not know the units or the quantity. Nothing is added.
+    /// @throws data::duplicate  A name is an operator already. Names added before stay.
+    void addVariableOperatorDefinition(const std::string& p_name,
+                                       const std::map<std::string, std::string>& p_parameters);
+
+    /// Adds one operator under one name.
+    ///
+    /// @throws data::duplicate  The name is an operator already, which stays as it is.
+    void addVariableOperator(const std::string& p_name, const std::string& p_dimensionModifier,
+                             TensType p_tensorType, const std::set<std::string>& p_availability,
+                             const std::string& p_alias);
+
+    bool hasOperator(const std::string& p_name) const;
+
+    /// The operator's other name: the long one for the short one, and the other way round.
+    ///
+    /// @throws data::notFound  No operator has that name.
+    std::string getOperatorAlias(const std::string& p_name) const;
+
+    /// The units in square brackets by which the operator multiplies those of its variable, "[ ]" for none.
+    ///
+    /// @throws data::notFound  No operator has that name.
+    std::string getOperatorDimensionModifier(const std::string& p_name) const;
+
+    /// @throws data::notFound  No operator has that name.
+    TensType getOperatorTensorType(const std::string& p_name) const;
+
+    /// Whether the operator may be used under an availability keyword, compared exactly.
+    ///
+    /// @throws data::notFound  No operator has that name.
+    bool doesOperatorHaveAvailability(const std::string& p_name, const std::string& p_keyword) const;
+
+    // What the fields of a variable hold. A number that is no field holds nothing, whoever asks.
+
+    /// A list or set is joined with ",": a list in its order, a set in the order in which its texts first occurred
+    /// anywhere in the store.
+    ///
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    std::string getVarDefData(const std::string& p_name, VarDefField p_field) const;
+
+    /// The same, one element per text. A field with a single value gives one element, be it empty.
+    ///
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    std::vector<std::string> getVarDefDataVec(const std::string& p_name, VarDefField p_field) const;
+
+    /// `getVarDefData` of each name, in order.
+    ///
+    /// @throws data::notFound  As there, for the first such name.
+    std::vector<std::string> getVarDefDataMulti(const std::vector<std::string>& p_names,
+                                                VarDefField p_field) const;
+
+    /// `getVarDefData` of each name that `getAllVariableShortNames` lists.
+    ///
+    /// @throws data::notFound  A record has no short name.
+    std::vector<std::string> getVarDefDataAll(VarDefField p_field) const;
+
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    TensType getTensorType(const std::string& p_name) const;
+
+    // Whether fields hold a value: are equal to it, or have it in their list or set. Texts compare exactly; one that no
+    // definition ever used is held nowhere.
+
+    /// The index of the record must have come from this store.
+    bool valueMatches(std::size_t p_record, VarDefField p_field, ValueIndex p_value) const;
+
+    /// The index of the record must have come from this store. No texts at all match.
+    bool valueMatchesAllOf(std::size_t p_record, VarDefField p_field,
+                           const std::vector<std::string>& p_texts) const;
+
+    /// The index of the record must have come from this store. No texts at all do not match.
+    bool valueMatchesOneOf(std::size_t p_record, VarDefField p_field,
+                           const std::vector<std::string>& p_texts) const;
+
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    bool varMatches(const std::string& p_name, VarDefField p_field, const std::string& p_text) const;
+
+    /// Whether the field holds "T".
+    ///
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    bool varMatchesTrue(const std::string& p_name, VarDefField p_field) const;
+
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    bool varMatchesAllOf(const std::string& p_name, VarDefField p_field,
+                         const std::vector<std::string>& p_texts) const;
+
+    /// @throws data::notFound  No variable has that name, or its record is not there yet.
+    bool varMatchesOneOf(const std::string& p_name, VarDefField p_field,
+                         const std::vector<std::string>& p_texts) const;
+
+    // The short names of the records whose field holds a value, in the order of the records. No texts at all find none.
+
+    std::vector<std::string> getVarsMatching(VarDefField p_field, const std::string& p_text) const;
+    std::vector<std::string> getVarsMatchingAllOf(VarDefField p_field,
+                                                  const std::vector<std::string>& p_texts) const;
+    std::vector<std::string> getVarsMatchingOneOf(VarDefField p_field,
+                                                  const std::vector<std::string>& p_texts) const;
+
+    /// Those of the names, in order, whose field is not empty.
+    ///
+    /// @throws data::notFound  No variable has one of the names, or its record is not there yet.
+    std::vector<std::string> getVarsWithField(VarDefField p_field,
+                                              const std::vector<std::string>& p_names) const;
+
+    // Classes of names. An unknown name is in none.
+
+    /// Whether the name is one of the fixed quantities of the post-processor, whatever the definitions hold.
+    static bool isPostVariable(const std::string& p_name);
+
+    /// Whether the name is reserved by the solver, whatever the definitions hold.
+    static bool isSolverReservedName(const std::string& p_name);
+
+    /// Whether the name is a coordinate as the solver calls it: "x", "y", "z", "r", "theta", "raxis", "taxis" or
+    /// "aaxis", or a long or old name of these variables.
+    ///
+    /// @throws data::notFound  One of these variables is not defined. Only until they all were found once.
+    bool isSolverInternalVariable(const std::string& p_name) const;
+
+    /// The physical availability keywords of all variables that have the general availability keyword, without the
+    /// '!' of a negated one.
+    std::set<std::string> referencedPhysicalAvailabilities(const std::string& p_generalKeyword) const;
+
+    /// The same for variables that have at least one of the keywords.
+    std::set<std::string>
+    referencedPhysicalAvailabilities(const std::vector<std::string>& p_generalKeywords) const;
+
 private:
+    struct Operator {
+        std::string dimensionModifier;    // in square brackets
+        TensType tensorType;
+        std::set<std::string> availability;
+        std::string alias;
+    };
+
     bool isTensorType(ValueIndex p_value) const;
     void checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const;
     void addComponentDefinitions(VarDefData p_variable);
     [[noreturn]] static void raiseNoSuchVariable(const std::string& p_name);
+    const Operator& operatorNamed(const std::string& p_name, const char* p_askedBy) const;
+    std::optional<ValueIndex> findValue(const std::string& p_text) const;
+    bool matchesAllOf(const VarDefData& p_record, VarDefField p_field,
+                      const std::vector<std::string>& p_texts) const;
+    bool matchesOneOf(const VarDefData& p_record, VarDefField p_field,
+                      const std::vector<std::string>& p_texts) const;
+    template <class Matches>
+    std::vector<std::string> shortNamesOfRecordsThat(const Matches& p_matches) const;
 
     std::vector<VarDefData> m_records;
     std::unordered_map<std::string, std::size_t> m_nameIndex;    // every name of every record
     mutable std::vector<std::string> m_shortNamesCache;          // empty until asked for
     std::vector<std::string> m_values;
     std::unordered_map<std::string, ValueIndex> m_valueIndex;    // into m_values
+    std::map<std::string, Operator> m_operators;                 // by either name
+    mutable std::set<std::string> m_solverInternalNames;         // empty until asked for
 
     // Of the values that every store begins with. Behind the table, which their construction fills.
     ValueIndex m_scalarIdx;

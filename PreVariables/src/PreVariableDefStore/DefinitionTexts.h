@@ -11,5 +11,6 @@ inline constexpr const char* k_symten2 = "SYMTEN2";
 inline constexpr const char* k_true = "T";
 inline constexpr const char* k_false = "F";
 inline constexpr const char* k_qel = "QEL";
+inline constexpr const char* k_general = "GENERAL";
 
 }    // namespace qen
