@@ -402,6 +402,7 @@ private:
     {
         const SourcePlace begin = placeOf(p_behindEquals);
         bool good = p_clean;
+        bool lineClean = p_clean;    // where it is not, that is the line's one problem
         for (std::string_view rest = p_behindEquals;;)
         {
             const std::string_view blanksKept = trimmedLeft(rest);
@@ -426,16 +427,17 @@ private:
                 break;
             if (isLastLine())
             {
-                const auto backslash = static_cast<std::size_t>(trimmedRight(line()).size() - 1);
-                report(QclProblem::UnfinishedValue, placeAt(backslash), 1,
-                       "The file ends inside a value: a backslash continues the value on the next line. "
-                       "Expected "
-                       "that line.");
+                if (lineClean)
+                    report(QclProblem::UnfinishedValue, placeAt(trimmedRight(line()).size() - 1), 1,
+                           "The file ends inside a value: a backslash continues the value on the next line. "
+                           "Expected "
+                           "that line.");
                 good = false;
                 break;
             }
             ++m_place.line;
-            good = checkText() && good;
+            lineClean = checkText();
+            good = good && lineClean;
             rest = line();
         }
 

@@ -190,6 +190,13 @@ TEST(QclSyntaxErrors, IncludeABackslashOnTheLastLineWithOrWithoutALineEnd)
                         "next line. Expected that line. [syntax-unfinished-value]"));
 }
 
+TEST(QclSyntaxErrors, OfALineThatIsNoTextAreItsOnlyOnes)
+{
+    // Given a last line that both holds a control character and ends with a backslash
+    for (const char* text : {"[/A]\np = 1 \\\r ", "[/A]\np = 1 + \\\n 2 \\\r "})
+        EXPECT_THAT(identifiersOf(read(text)), ElementsAre("syntax-control-character"));
+}
+
 TEST(QclSyntaxErrors, LeaveTheFirstValueOfAParameterThatIsGivenTwice)
 {
     EXPECT_THAT(parametersOf(read("[/A]\np = 1\np = 2\n")), ElementsAre("/A|p=1"));
