@@ -62,10 +62,10 @@ private:
         return true;
     }
 
-    std::string m_text;            // what the user sees
-    std::string m_untranslated;    // filled likewise; what else it is for is the host's
-    int m_count = 0;               // arguments so far
-    const bool* m_flag;            // the host's
+    std::string m_text;                     // what the user sees
+    std::string m_untranslated;             // filled likewise; what else it is for is the host's
+    int m_count = 0;                        // arguments so far
+    [[maybe_unused]] const bool* m_flag;    // the host's
 };
 
 }    // namespace qen

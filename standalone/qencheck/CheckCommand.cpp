@@ -1,0 +1,109 @@
+#include "CheckCommand.h"
+
+#include "ProgressLine.h"
+#include "TextReport.h"
+
+#include "checking/CaseChecker.h"
+#include "definitions/Definitions.h"
+#include "qcl/QclProblems.h"
+#include "qcl/QclReader.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include <unistd.h>
+
+namespace qencheck {
+
+using qen::standalone::CaseReport;
+using qen::standalone::Definitions;
+using qen::standalone::Diagnostic;
+using qen::standalone::Finding;
+using qen::standalone::QclDocument;
+using qen::standalone::QclProblem;
+using qen::standalone::Severity;
+
+namespace {
+
+Colour colourOf(const std::string& p_choice)
+{
+    if (p_choice != "auto")
+        return p_choice == "always" ? Colour::On : Colour::Off;
+
+    const char* noColour = std::getenv("NO_COLOR");
+    const bool forbidden = noColour && *noColour;
+    return !forbidden && isatty(STDOUT_FILENO) == 1 ? Colour::On : Colour::Off;
+}
+
+ExitStatus statusOf(const CaseReport& p_report)
+{
+    if (p_report.internalError)
+        return k_couldNotCheck;
+    const bool errors =
+        std::any_of(p_report.findings.begin(), p_report.findings.end(),
+                    [](const Finding& p_finding) { return p_finding.severity == Severity::Error; });
+    return errors ? k_errorsFound : k_clean;
+}
+
+/// Whether a file of the case is missing, unreadable or no text, so that the report cannot be whole.
+bool couldNotBeRead(const QclDocument& p_case)
+{
+    return std::any_of(p_case.problems.begin(), p_case.problems.end(), [](const Diagnostic& p_problem) {
+        return p_problem.identifier == kindOf(QclProblem::FileUnreadable).identifier ||
+               p_problem.identifier == kindOf(QclProblem::FileBinary).identifier;
+    });
+}
+
+ExitStatus checkOne(const std::string& p_caseFile, const Definitions& p_definitions, const TextReport& p_text)
+{
+    const QclDocument document = qen::standalone::readQclFile(p_caseFile);
+
+    CaseReport report;
+    {
+        ProgressLine progress(p_caseFile);
+        report =
+            qen::standalone::checkCase(document, p_definitions, [&](std::size_t p_done, std::size_t p_all) {
+                progress.update(p_done, p_all);
+            });
+    }
+    for (const Diagnostic& problem : document.problems)
+        report.findings.push_back(qen::standalone::toFinding(problem, document));
+    qen::standalone::sortByPlace(report.findings);
+
+    p_text.write(report.findings);
+    p_text.writeSummary(p_caseFile, report);
+    return couldNotBeRead(document) ? k_couldNotCheck : statusOf(report);
+}
+
+}    // namespace
+
+ExitStatus runCheck(const std::vector<std::string>& p_caseFiles, const Options& p_options)
+{
+    const TextReport text(stdout, colourOf(p_options.colour));
+
+    const Definitions definitions(
+        qen::standalone::definitionFolders(p_options.definitionFolders, p_options.executable));
+    text.write(definitions.problems());
+    if (definitions.hasErrors())
+    {
+        fmt::print("The definitions hold errors: nothing was checked.\n");
+        return k_couldNotCheck;
+    }
+
+    ExitStatus worst = k_clean;
+    for (const std::string& caseFile : p_caseFiles)
+        worst = std::max(worst, checkOne(caseFile, definitions, text));
+
+    if (std::fflush(stdout) != 0)
+    {
+        fmt::print(stderr, "qencheck: the report could not be written\n");
+        return k_couldNotCheck;
+    }
+    return worst;
+}
+
+}    // namespace qencheck
