@@ -185,7 +185,7 @@ bool Analysis::namedExpression(const ModelTree::Parameter& p_parameter, Operand&
     if (!countReference(p_begin))
         return false;
     if (m_wantReferences)
-        collect(QelReference::Kind::NamedExpression, p_parameter.name);
+        collect(QelReference::Kind::NamedExpression, between(p_begin, m_at));
     // The value of a monitor point is known in the argument itself, not in what the argument refers to.
     const bool inArgument = std::exchange(m_inArgument, false);
     const bool read =
