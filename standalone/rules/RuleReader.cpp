@@ -245,9 +245,17 @@ void RuleReader::readParameter(const Section& p_section)
 
 void RuleReader::readSameAs(const QclParameter& p_key, DeclaredObject& p_object)
 {
-    p_object.sameAs.clear();
-    p_object.sameAsPlace = p_key.placeInValue(0);
     readList(p_key, p_object.sameAs);
+    p_object.sameAsPlaces.clear();
+    std::size_t offset = 0;
+    for (const std::string& pattern : p_object.sameAs)
+    {
+        offset = p_key.value.find(pattern, offset);
+        if (offset == std::string::npos)    // what an earlier document said holds on; this list is bad
+            offset = 0;
+        p_object.sameAsPlaces.push_back(p_key.placeInValue(offset));
+        offset += pattern.size();
+    }
 }
 
 void RuleReader::readType(const QclParameter& p_key, DeclaredParameter& p_parameter)
@@ -356,8 +364,9 @@ void RuleReader::checkAncestors(const Section& p_section)
 
 void RuleReader::checkSameAs(const DeclaredObject& p_object)
 {
-    for (const std::string& pattern : p_object.sameAs)
+    for (std::size_t i = 0; i < p_object.sameAs.size(); ++i)
     {
+        const std::string& pattern = p_object.sameAs[i];
         const DeclaredObject* other = m_tree.declared(pattern);
         std::string message;
         if (other == &p_object)
@@ -367,7 +376,7 @@ void RuleReader::checkSameAs(const DeclaredObject& p_object)
                       quoted(p_object.pattern) + " is to be the same.";
         if (!message.empty())
             m_problems.push_back({Severity::Error, "unknown-same-as", std::move(message),
-                                  p_object.sameAsPlace, static_cast<std::uint32_t>(pattern.size())});
+                                  p_object.sameAsPlaces[i], static_cast<std::uint32_t>(pattern.size())});
     }
 }
 

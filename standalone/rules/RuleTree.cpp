@@ -189,6 +189,8 @@ void RuleTree::recordTypes(const RuleNode& p_node, const DeclaredObject& p_objec
         const DeclaredParameter* there = entry->second;
         if (isDeclaredLater(*there, *here))
             std::swap(here, there);
+        if (!m_inConflict.insert(here).second)
+            continue;
 
         // A conflict among earlier documents alone was reported with them, unless an object of this document brought
         // the two together.
@@ -206,6 +208,7 @@ void RuleTree::resolve(std::size_t p_document, Diagnostics& p_problems)
     m_sourcesOfNode.clear();
     m_types.clear();
     m_parameterNames.clear();
+    m_inConflict.clear();
 
     nodeFor({&m_root});
     for (std::size_t i = 0; i < m_nodes.size(); ++i)

@@ -69,8 +69,8 @@ struct DeclaredObject {
     std::string pattern;       ///< the path of types
     DeclarationPlace place;    ///< of its latest section; document 0 when only objects below it are declared
     std::optional<bool> named;
-    std::vector<std::string> sameAs;    ///< patterns whose contents stand here too
-    SourcePlace sameAsPlace;
+    std::vector<std::string> sameAs;          ///< patterns whose contents stand here too
+    std::vector<SourcePlace> sameAsPlaces;    ///< one for each
     std::map<std::string, std::unique_ptr<DeclaredObject>, std::less<>> children;
     std::map<std::string, DeclaredParameter, std::less<>>
         parameters;    ///< the empty name: any other parameter
@@ -135,6 +135,7 @@ private:
     std::unordered_map<std::string_view, std::unordered_map<std::string_view, const DeclaredParameter*>>
         m_types;
     std::unordered_set<std::string_view> m_parameterNames;
+    std::unordered_set<const DeclaredParameter*> m_inConflict;    // that have been reported
 };
 
 }    // namespace qen::standalone

@@ -304,6 +304,15 @@ Type = String
     EXPECT_TRUE(rules.isValidPath("/TANK/HEAT/SOURCE:Lamp"));
 }
 
+TEST(RuleBook, LetsAPlaceSayForItselfWhetherItHasAName)
+{
+    const RuleBook rules = rulesOf("[/A]\nNamed = Yes\n[/B]\nSame As = /A\nNamed = No\n[/C]\nSame As = /A\n");
+
+    EXPECT_TRUE(rules.isValidPath("/B"));
+    EXPECT_FALSE(rules.isValidPath("/B:b"));
+    EXPECT_TRUE(rules.isValidPath("/C:c"));
+}
+
 TEST(RuleBook, FollowsASharedSubtreeThatSharesAnother)
 {
     const RuleBook rules = rulesOf(std::string(k_sharedRules) + "[/PIPE]\nSame As = /TANK\n");
@@ -433,6 +442,16 @@ Type = Real
     EXPECT_TRUE(rules.isValidPath("/FLOW:F/DOMAIN:D/FAN"));
 }
 
+TEST(RuleBook, LetsALaterDocumentTakeBackThatAPlaceIsTheSameAsAnother)
+{
+    RuleBook rules = rulesOf(k_sharedRules);
+
+    EXPECT_THAT(addRules(rules, "[/TANK/HEAT]\nSame As =\n"), IsEmpty());
+
+    EXPECT_TRUE(rules.isValidPath("/TANK/HEAT"));
+    EXPECT_THAT(rules.find("/TANK/HEAT", "Temperature"), IsNull());
+}
+
 TEST(RuleBook, SharesWhatALaterDocumentAdds)
 {
     RuleBook rules = rulesOf(k_sharedRules);
@@ -504,6 +523,28 @@ TEST(RuleBook, TakesTheUnitsOfADynamicQuantityFromTheObjectOfTheSameName)
     ASSERT_EQ(rules.quantityMode(&model, "/FLOW:F/DOMAIN/TRACER:Salt", "Value", quantity),
               RuleBook::k_dynamicQuantity);
     EXPECT_EQ(rules.dynamicUnits(quantity), "mol m^-3");
+}
+
+TEST(RuleBook, BorrowsTheNameOfTheLevelThatTheRuleAsksFor)
+{
+    const RuleBook rules = rulesOf(R"(
+[/FLOW]
+Named = Yes
+[/FLOW/TRACER]
+Named = Yes
+[/FLOW/TRACER/SIDE]
+Named = Yes
+[/FLOW/TRACER/SIDE/PARAMETER:Value]
+Type = Real
+Units From = /LIBRARY/TRACER:{TRACER}/STATE:standard/OF:{FLOW}/SCALE/PARAMETER:Units
+)");
+    ModelTree model;
+    model.setParameter("/LIBRARY/TRACER:Dye/STATE:standard/OF:Duct/SCALE", "Units", "kg");
+    std::string quantity;
+
+    ASSERT_EQ(rules.quantityMode(&model, "/FLOW:Duct/TRACER:Dye/SIDE:Left", "Value", quantity),
+              RuleBook::k_dynamicQuantity);
+    EXPECT_EQ(rules.dynamicUnits(quantity), "kg");
 }
 
 TEST(RuleBook, MultipliesTheUnitsOfADynamicQuantity)

@@ -129,6 +129,9 @@ INSTANTIATE_TEST_SUITE_P(Rules, RuleDefinitionError, testing::Values(
     ErrorCase {"SameAsNothing",
         "[/A]\nSame As = /B\n", 2, 11, 2, "unknown-same-as",
         "No section declares the object '/B', with which '/A' is to be the same."},
+    ErrorCase {"SameAsNothingBehindOthers",
+        "[/A]\n[/B]\nSame As = /A, /AB\n", 3, 15, 3, "unknown-same-as",
+        "No section declares the object '/AB', with which '/B' is to be the same."},
     ErrorCase {"SameAsItself",
         "[/A]\nSame As = /A\n", 2, 11, 2, "unknown-same-as", "The object '/A' cannot be the same as itself."},
     ErrorCase {"QuantityOfAText",
@@ -203,6 +206,16 @@ TEST(RuleDefinitionErrors, NameTheEarlierDocumentOfAConflictingType)
                 ElementsAre(ErrorAt(5, 2, 16, "conflicting-parameter-type",
                                     "The parameter 'P' of objects of type 'X' is 'String' here but 'Real' at "
                                     "rules.qcl:3. It needs the same type wherever such an object stands.")));
+}
+
+TEST(RuleDefinitionErrors, ReportAConflictOnceHoweverManyPlacesShareIt)
+{
+    RuleBook rules;
+
+    EXPECT_THAT(addRules(rules,
+                         "[/A]\n[/A/X]\n[/A/X/PARAMETER:P]\nType = Real\n[/B]\n[/B/X]\n[/B/X/PARAMETER:P]\n"
+                         "Type = String\n[/C]\nSame As = /B\n[/C/X]\n"),
+                SizeIs(1));
 }
 
 TEST(RuleDefinitionErrors, AreNotRepeatedWithEachLaterDocument)
