@@ -1,5 +1,7 @@
 #include "SchedulerFixture.h"
 
+#include "QCLUpdateHandler.h"
+
 #include <string>
 
 namespace qen {
@@ -121,6 +123,17 @@ TEST_F(KeptValues, AreNotMadeByErasing)
     m_scheduler.eraseDeferredParam("/B:b", "P");
     EXPECT_THAT(support::keptObjects(m_scheduler), ElementsAre("/A:a"));
     EXPECT_THAT(kept(), ElementsAre("/A:a|P"));
+}
+
+TEST_F(KeptValues, AreErasedOnlyWithTheirObjectWhenTheyWereThere)
+{
+    // Given an object that a deletion has left without parameters
+    m_scheduler.addDeferredParam("/A:a", "P", value("x"));
+    static_cast<QCLUpdateHandler&>(m_scheduler).onParamDeletion("/A:a", "P");
+
+    m_scheduler.eraseDeferredParam("/A:a", "P");
+
+    EXPECT_THAT(support::keptObjects(m_scheduler), ElementsAre("/A:a"));
 }
 
 // Judging.

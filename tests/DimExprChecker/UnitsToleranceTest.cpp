@@ -84,9 +84,9 @@ struct ToleranceCase {
     double fails;
 };
 
-class UnitsTolerance : public testing::TestWithParam<ToleranceCase> {};
+class UnitsToleranceText : public testing::TestWithParam<ToleranceCase> {};
 
-TEST_P(UnitsTolerance, DecidesAboutUnits)
+TEST_P(UnitsToleranceText, DecidesAboutUnits)
 {
     const ToleranceCase& tolerance = GetParam();
 
@@ -100,7 +100,7 @@ TEST_P(UnitsTolerance, DecidesAboutUnits)
     }));
 }
 
-TEST_P(UnitsTolerance, DecidesAboutBounds)
+TEST_P(UnitsToleranceText, DecidesAboutBounds)
 {
     const ToleranceCase& tolerance = GetParam();
 
@@ -114,7 +114,7 @@ TEST_P(UnitsTolerance, DecidesAboutBounds)
     }));
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, UnitsTolerance,
+INSTANTIATE_TEST_SUITE_P(Texts, UnitsToleranceText,
                          testing::Values(ToleranceCase {"Unset", nullptr, 0.0009, 0.0011},
                                          ToleranceCase {"Empty", "", 0.0009, 0.0011},
                                          ToleranceCase {"LettersOnly", "abc", 0.0009, 0.0011},
@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, UnitsTolerance,
                                          ToleranceCase {"Zero", "0", 0.0, 0.0000011}),
                          [](const auto& p_info) { return p_info.param.name; });
 
-TEST(UnitsToleranceOnce, IsReadWhenItIsFirstNeeded)
+TEST(UnitsTolerance, IsReadWhenItIsFirstNeeded)
 {
     EXPECT_TRUE(inItsOwnProcess([] {
         // Given units that pass or fail without it
@@ -147,7 +147,7 @@ TEST(UnitsToleranceOnce, IsReadWhenItIsFirstNeeded)
     }));
 }
 
-TEST(UnitsToleranceOnce, IsKeptWhenTheVariableChanges)
+TEST(UnitsTolerance, IsKeptWhenTheVariableChanges)
 {
     EXPECT_FALSE(inItsOwnProcess([] {
         setVariable("0.1");
@@ -157,7 +157,7 @@ TEST(UnitsToleranceOnce, IsKeptWhenTheVariableChanges)
     }));
 }
 
-TEST(UnitsToleranceOnce, IsKeptWhenTheVariableGoes)
+TEST(UnitsTolerance, IsKeptWhenTheVariableGoes)
 {
     EXPECT_TRUE(inItsOwnProcess([] {
         setVariable("0.5");
@@ -167,7 +167,7 @@ TEST(UnitsToleranceOnce, IsKeptWhenTheVariableGoes)
     }));
 }
 
-TEST(UnitsToleranceOnce, StaysTheDefaultWhenTheVariableComesLater)
+TEST(UnitsTolerance, StaysTheDefaultWhenTheVariableComesLater)
 {
     EXPECT_FALSE(inItsOwnProcess([] {
         setVariable(nullptr);
@@ -177,7 +177,7 @@ TEST(UnitsToleranceOnce, StaysTheDefaultWhenTheVariableComesLater)
     }));
 }
 
-TEST(UnitsToleranceOnce, IsTheSameForUnitsAndBounds)
+TEST(UnitsTolerance, IsTheSameForUnitsAndBounds)
 {
     EXPECT_TRUE(inItsOwnProcess([] {
         setVariable("0.5");
@@ -187,8 +187,14 @@ TEST(UnitsToleranceOnce, IsTheSameForUnitsAndBounds)
     }));
 }
 
-TEST(UnitsToleranceOnce, IsComparedWithADifferenceInSinglePrecision)
+TEST(UnitsTolerance, ComparesASinglePrecisionDifferenceInDouble)
 {
+    // Given a difference that is a thousandth in single precision, and in double a little more
+    EXPECT_FALSE(inItsOwnProcess([] {
+        setVariable("0.001");
+        return unitsPass(static_cast<double>(0.001F));
+    }));
+
     // Given exponents that lie further apart than the tolerance by less than single precision can tell
     EXPECT_TRUE(inItsOwnProcess([] {
         setVariable("0.5");
