@@ -394,7 +394,8 @@ void ScriptedHost::pendingChange(std::function<void(QCLUpdateHandler&)> p_change
 
 DimExprChecker ScriptedHost::makeChecker() const
 {
-    return {model(), rules(), quantityModifier(), nullptr, prefixInfo(), nullptr, locatorInfo(), nullptr};
+    return {model(),      rules(), quantityModifier(), &m_varDefStore,
+            prefixInfo(), nullptr, locatorInfo(),      &m_callbackStore};
 }
 
 DimExprCheckScheduler ScriptedHost::makeScheduler(DimExprChecker& p_checker) const

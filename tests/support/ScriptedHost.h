@@ -2,11 +2,13 @@
 
 #include "DimExprChecker.h"
 #include "DimExprCheckScheduler.h"
+#include "ExprCBFuncStore.h"
 #include "ExprParamRules.h"
 #include "LocatorInfo.h"
 #include "ModelQCL.h"
 #include "ModelRules.h"
 #include "PhysicsEvaluator.h"
+#include "PreVariableDefStore.h"
 #include "QCLUpdateInfo.h"
 #include "QuantityModifier.h"
 #include "ShortVarNameFinder.h"
@@ -95,6 +97,10 @@ public:
 
     // The library's objects in this host.
 
+    /// The catalogues that the checkers are given: real ones, without a definition unless the test adds some.
+    PreVariableDefStore& varDefStore() { return m_varDefStore; }
+    ExprCBFuncStore& callbackStore() { return m_callbackStore; }
+
     DimExprChecker makeChecker() const;
     DimExprCheckScheduler makeScheduler(DimExprChecker& p_checker) const;
     DimExprCheckScheduler makeSchedulerWithoutUpdateInfo(DimExprChecker& p_checker) const;
@@ -118,6 +124,8 @@ private:
     ScriptedHost* m_outer;
     mutable CallLog m_log;
     UnitsTable m_units;
+    PreVariableDefStore m_varDefStore;
+    ExprCBFuncStore m_callbackStore;
     std::vector<std::string> m_objects;    // in the order in which they came
     std::map<PlaceAndName, ScriptedParameter> m_parameters;
     std::set<std::string> m_unknownPaths;

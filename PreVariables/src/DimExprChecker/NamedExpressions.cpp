@@ -1,12 +1,30 @@
 #include "DimExprChecker.h"
 
 #include "ExprParamRules.h"
+#include "MessageCatalogue.h"
+#include "PreVariableDefStore.h"
 
 namespace qen {
 
-// The clashes of an expression's name with other names are not looked at yet.
-void DimExprChecker::checkLibraryExpr(const std::string&, const std::string&) {}
+using messages::Msg;
+using messages::raise;
 
+// Deliberate: the expression itself is not looked at; any text will do.
+// Held by NamedExpression.MayBeAnyText.
+void DimExprChecker::checkLibraryExpr(const std::string& p_exprName, const std::string&)
+{
+    if (m_varDefStore->hasVariable(p_exprName))
+        raise<Msg::SolverNameClash>(p_exprName);
+
+    if (m_varDefStore->isPostVariable(p_exprName))
+        raise<Msg::PostprocessorNameClash>(p_exprName);
+
+    if (getAllParamsInRules().count(p_exprName) != 0)
+        raise<Msg::ParameterNameClash>(p_exprName);
+}
+
+// Deliberate: the rules are asked once, even when they answer with nothing, and later changes of theirs are not seen.
+// Held by NamedExpression.AsksTheRulesOnceAlsoWhenTheyGovernNothing.
 const std::set<std::string>& DimExprChecker::getAllParamsInRules() const
 {
     if (!m_ruleNamesCached)
