@@ -1,11 +1,7 @@
 #include "rules/RuleReader.h"
 
 #include "definitions/NearestName.h"
-#include "units/UnitSystem.h"
-#include "world/World.h"
-
-#include "QCLParam.h"
-#include "StringUtilities.h"
+#include "rules/RuleText.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,7 +10,6 @@ namespace qen::standalone {
 namespace {
 
 constexpr std::string_view k_parameterLevel = "PARAMETER";
-constexpr std::string_view k_expressionKind = "Expression";
 
 // clang-format off
 const std::vector<std::string> k_objectKeys {"Named", "Same As"};
@@ -32,14 +27,6 @@ std::string_view trimmed(std::string_view p_text)
     return p_text.substr(begin, p_text.find_last_not_of(" \t") - begin + 1);
 }
 
-std::string quoted(std::string_view p_text)
-{
-    constexpr std::size_t k_most = 80;
-    if (p_text.size() > k_most)
-        return "'" + std::string(p_text.substr(0, k_most)) + "...'";
-    return "'" + std::string(p_text) + "'";
-}
-
 std::string listed(const std::vector<std::string>& p_names)
 {
     std::string text;
@@ -47,25 +34,9 @@ std::string listed(const std::vector<std::string>& p_names)
     {
         if (i > 0)
             text += i + 1 == p_names.size() ? " or " : ", ";
-        text += quoted(p_names[i]);
+        text += quotedShort(p_names[i]);
     }
     return text;
-}
-
-struct Bound {
-    double value = 0.0;
-    std::string units;
-};
-
-std::optional<Bound> readBoundText(const std::string& p_text)
-{
-    Bound bound;
-    bool isNumber = false;
-    std::string number;
-    bound.value = static_cast<double>(StringUtilities::valueAsFloat(p_text, isNumber, number, bound.units));
-    if (!isNumber)
-        return std::nullopt;
-    return bound;
 }
 
 /// The name of an object that a units source borrows must be one that the rule's own path has.
@@ -153,7 +124,7 @@ std::optional<RuleReader::Section> RuleReader::open(const QclObject& p_text)
             if (!rest.empty())
             {
                 atSection(p_text, "bad-rule-path",
-                          "A parameter's level must be the last one of the path " + quoted(p_text.path) +
+                          "A parameter's level must be the last one of the path " + quotedShort(p_text.path) +
                               ".");
                 return std::nullopt;
             }
@@ -163,8 +134,9 @@ std::optional<RuleReader::Section> RuleReader::open(const QclObject& p_text)
         if (level.hasName)
         {
             atSection(p_text, "bad-rule-path",
-                      "The path of a rule is made of types, but " + quoted(p_text.path) +
-                          " names an object " + quoted(level.name) + " of type " + quoted(level.type) +
+                      "The path of a rule is made of types, but " + quotedShort(p_text.path) +
+                          " names an object " + quotedShort(level.name) + " of type " +
+                          quotedShort(level.type) +
                           ". Write the type alone, and 'Named = Yes' in its own section.");
             return std::nullopt;
         }
@@ -182,7 +154,7 @@ std::optional<RuleReader::Section> RuleReader::open(const QclObject& p_text)
         atSection(p_text, "bad-rule-path",
                   "Expected the path of an object or of its parameter, such as '/FLOW/DOMAIN' or "
                   "'/FLOW/DOMAIN/PARAMETER:Location', but found " +
-                      quoted(p_text.path) + ".");
+                      quotedShort(p_text.path) + ".");
         return std::nullopt;
     }
     return section;
@@ -231,7 +203,7 @@ void RuleReader::readParameter(const Section& p_section)
                 rule.kind = key.value;
             else
                 atValue(key, "bad-rule-value",
-                        "Unknown kind " + quoted(key.value) + ". Expected 'Expression' or nothing.");
+                        "Unknown kind " + quotedShort(key.value) + ". Expected 'Expression' or nothing.");
         }
         else if (key.name == "Single Valued")
             rule.singleValued = readYesNo(key, rule.singleValued);
@@ -264,7 +236,8 @@ void RuleReader::readType(const QclParameter& p_key, DeclaredParameter& p_parame
     if (type == ParamType::Unknown)
     {
         atValue(p_key, "unknown-parameter-type",
-                "Unknown parameter type " + quoted(p_key.value) + ". Expected " + paramTypeTexts() + ".");
+                "Unknown parameter type " + quotedShort(p_key.value) + ". Expected " + paramTypeTexts() +
+                    ".");
         return;
     }
     p_parameter.type = type;
@@ -276,7 +249,7 @@ void RuleReader::readBound(const QclParameter& p_key, std::string& p_bound)
     if (!p_key.value.empty() && !readBoundText(p_key.value))
     {
         atValue(p_key, "bad-rule-value",
-                "The bound " + quoted(p_key.value) +
+                "The bound " + quotedShort(p_key.value) +
                     " is not a number with or without units, such as '0 [m]' or '1'.");
         return;
     }
@@ -297,15 +270,16 @@ void RuleReader::readUnitsFrom(const QclParameter& p_key, const Section& p_secti
         atValue(p_key, "bad-rule-value",
                 "Expected the path of a parameter, such as "
                 "'/LIBRARY/ADDITIONAL VARIABLE:{ADDITIONAL VARIABLE}/PARAMETER:Units', but found " +
-                    quoted(p_key.value) + ".");
+                    quotedShort(p_key.value) + ".");
         return;
     }
     for (const UnitsSource::Piece& piece : source->objectPath)
         if (!piece.nameFrom.empty() && !hasLevel(p_section.object->pattern, piece.nameFrom))
         {
             atValue(p_key, "bad-rule-value",
-                    "The name of a level of type " + quoted(piece.nameFrom) + " is asked for, but the path " +
-                        quoted(p_section.object->pattern) + " has no such level.");
+                    "The name of a level of type " + quotedShort(piece.nameFrom) +
+                        " is asked for, but the path " + quotedShort(p_section.object->pattern) +
+                        " has no such level.");
             return;
         }
     p_parameter.rule.unitsFrom = p_key.value;
@@ -325,7 +299,7 @@ void RuleReader::readList(const QclParameter& p_key, std::vector<std::string>& p
             atValue(p_key, "bad-rule-value",
                     piece.empty()
                         ? "The list in '" + p_key.name + "' has an empty piece."
-                        : "The list in '" + p_key.name + "' has the piece " + quoted(piece) + " twice.");
+                        : "The list in '" + p_key.name + "' has the piece " + quotedShort(piece) + " twice.");
             return;
         }
         texts.emplace_back(piece);
@@ -341,129 +315,8 @@ bool RuleReader::readYesNo(const QclParameter& p_key, bool p_otherwise)
     if (p_key.value == "Yes" || p_key.value == "No")
         return p_key.value == "Yes";
     atValue(p_key, "bad-rule-value",
-            "Expected 'Yes' or 'No' for '" + p_key.name + "', but found " + quoted(p_key.value) + ".");
+            "Expected 'Yes' or 'No' for '" + p_key.name + "', but found " + quotedShort(p_key.value) + ".");
     return p_otherwise;
-}
-
-// A rule far below a misspelt type would otherwise never be found and never be missed.
-void RuleReader::checkAncestors(const Section& p_section)
-{
-    const std::string_view pattern = p_section.object->pattern;
-    PathLevel level;
-    for (std::string_view rest = pattern; takeLevel(rest, level);)
-    {
-        const std::string_view above = pattern.substr(0, pattern.size() - rest.size());
-        if (m_tree.declared(above)->place.document != 0)
-            continue;
-        atSection(p_section, "undeclared-rule-object",
-                  "No section declares the object " + quoted(above) +
-                      ". Is it misspelt? Otherwise begin a section [" + std::string(above) + "].");
-        return;
-    }
-}
-
-void RuleReader::checkSameAs(const DeclaredObject& p_object)
-{
-    for (std::size_t i = 0; i < p_object.sameAs.size(); ++i)
-    {
-        const std::string& pattern = p_object.sameAs[i];
-        const DeclaredObject* other = m_tree.declared(pattern);
-        std::string message;
-        if (other == &p_object)
-            message = "The object " + quoted(pattern) + " cannot be the same as itself.";
-        else if (!other || other->pattern.empty() || other->place.document == 0)
-            message = "No section declares the object " + quoted(pattern) + ", with which " +
-                      quoted(p_object.pattern) + " is to be the same.";
-        if (!message.empty())
-            m_problems.push_back({Severity::Error, "unknown-same-as", std::move(message),
-                                  p_object.sameAsPlaces[i], static_cast<std::uint32_t>(pattern.size())});
-    }
-}
-
-void RuleReader::checkRule(const Section& p_section, const DeclaredParameter& p_parameter)
-{
-    const ParameterRule& rule = p_parameter.rule;
-    if (p_parameter.type == ParamType::Unknown)
-    {
-        if (!p_section.text->find("Type"))
-            atSection(p_section, "missing-rule-key",
-                      "The rule has no 'Type'. Expected " + paramTypeTexts() + ".");
-        return;
-    }
-
-    const auto contradiction = [&](std::string_view p_key, const std::string& p_why) {
-        atKey(p_section, p_key, "contradictory-rule", "'" + std::string(p_key) + "' " + p_why);
-    };
-    if (!QCLParam::isNumericType(p_parameter.type))
-    {
-        const std::string why = "has no meaning for a parameter of type '" + rule.type + "'.";
-        if (!rule.quantity.empty())
-            contradiction("Quantity", why);
-        if (!rule.unitsFrom.empty())
-            contradiction("Units From", why);
-        if (!rule.lowerBound.empty())
-            contradiction("Lower Bound", why);
-        if (!rule.upperBound.empty())
-            contradiction("Upper Bound", why);
-        if (!rule.kind.empty())
-            contradiction("Kind", why);
-        if (rule.singleValued)
-            contradiction("Single Valued", why);
-        if (!rule.dependencies.empty())
-            contradiction("Depends On", why);
-        return;
-    }
-    if (!rule.allowedTexts.empty())
-        contradiction("Allowed", "has no meaning for a parameter of type '" + rule.type + "'.");
-    if (!rule.quantity.empty() && !rule.unitsFrom.empty())
-        contradiction("Units From", "and 'Quantity' cannot both say what the units are.");
-    if (!rule.unitsTimes.empty() && rule.unitsFrom.empty())
-        contradiction("Units Times", "has no meaning without 'Units From'.");
-    if (rule.kind == k_expressionKind && !(rule.quantity.empty() && rule.unitsFrom.empty()))
-        contradiction("Kind", "is 'Expression', whose units are not checked, yet there is a quantity.");
-    checkUnits(p_section, rule);
-}
-
-// Only where units are known: a set of rules may be read without them.
-void RuleReader::checkUnits(const Section& p_section, const ParameterRule& p_rule)
-{
-    const UnitSystem* units = currentWorld().units;
-    if (!units)
-        return;
-
-    const std::string* expected = nullptr;
-    if (!p_rule.quantity.empty())
-    {
-        expected = units->quantityUnits(p_rule.quantity);
-        if (!expected)
-            atKey(p_section, "Quantity", "unknown-quantity",
-                  "The quantity " + quoted(p_rule.quantity) + " is not among the definitions of units.");
-    }
-    std::string why;
-    if (!p_rule.unitsTimes.empty() && !units->parse(p_rule.unitsTimes, &why))
-        atKey(p_section, "Units Times", "bad-rule-value",
-              "The units " + quoted(p_rule.unitsTimes) + " are not understood: " + why);
-    if (p_rule.quantity.empty() || !expected)
-        return;
-
-    std::optional<double> inBaseUnits[2];
-    const std::pair<const char*, const std::string*> bounds[2] {{"Lower Bound", &p_rule.lowerBound},
-                                                                {"Upper Bound", &p_rule.upperBound}};
-    for (std::size_t i = 0; i < 2; ++i)
-    {
-        const std::optional<Bound> bound = readBoundText(*bounds[i].second);
-        if (!bound)
-            continue;
-        inBaseUnits[i] = units->convert(bound->units, *expected, bound->value);
-        if (!inBaseUnits[i])
-            atKey(p_section, bounds[i].first, "bad-rule-value",
-                  "The bound " + quoted(*bounds[i].second) + " cannot be converted to the units " +
-                      quoted(*expected) + " of the quantity " + quoted(p_rule.quantity) + ".");
-    }
-    if (inBaseUnits[0] && inBaseUnits[1] && *inBaseUnits[0] > *inBaseUnits[1])
-        atKey(p_section, "Lower Bound", "contradictory-rule",
-              "The lower bound " + quoted(p_rule.lowerBound) + " is above the upper bound " +
-                  quoted(p_rule.upperBound) + ".");
 }
 
 void RuleReader::atSection(const Section& p_section, const char* p_identifier, std::string p_message)
@@ -498,7 +351,7 @@ void RuleReader::unknownKey(const QclParameter& p_key, const Section& p_section,
                             const std::vector<std::string>& p_known)
 {
     std::string message =
-        "Unknown key " + quoted(p_key.name) + " in the rule " + quoted(p_section.text->path) + ".";
+        "Unknown key " + quotedShort(p_key.name) + " in the rule " + quotedShort(p_section.text->path) + ".";
     const std::string nearest = nearestName(p_key.name, p_known);
     message += nearest.empty() ? " Expected " + listed(p_known) + "." : " Did you mean '" + nearest + "'?";
     m_problems.push_back({Severity::Error, "unknown-definition-key", std::move(message), p_key.place,
