@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <locale>
+#include <ostream>
 #include <string>
 
 using namespace qen;
@@ -119,6 +120,8 @@ struct NumberCase {
     std::int32_t number;
 };
 
+void PrintTo(const NumberCase& p_case, std::ostream* p_stream) { *p_stream << p_case.name; }
+
 class CallbackNumberOfArguments : public CallbackTest, public testing::WithParamInterface<NumberCase> {};
 
 TEST_P(CallbackNumberOfArguments, IsTheIntegerThatItsTextBeginsWith)
@@ -202,6 +205,8 @@ struct LocatorCase {
     const char* text;
     const char* accepted;    // bits 4 to 0
 };
+
+void PrintTo(const LocatorCase& p_case, std::ostream* p_stream) { *p_stream << p_case.name; }
 
 class CallbackLocatorList : public CallbackTest, public testing::WithParamInterface<LocatorCase> {};
 

@@ -11,13 +11,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <concepts>
 #include <map>
 #include <ostream>
 #include <string>
 
 namespace qen {
 
-inline void PrintTo(const Error& p_error, std::ostream* p_stream)
+/// A template, so that it is preferred for the derived classes as well.
+template <std::derived_from<Error> Exception>
+void PrintTo(const Exception& p_error, std::ostream* p_stream)
 {
     *p_stream << p_error.errorMessage() << ", type " << p_error.getType();
 }

@@ -1,6 +1,7 @@
 #include "StoreTest.h"
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -57,6 +58,8 @@ struct FieldCase {
     const char* text;    // joined
     Texts texts;
 };
+
+void PrintTo(const FieldCase& p_case, std::ostream* p_stream) { *p_stream << p_case.name; }
 
 class EachField : public QueryTest, public testing::WithParamInterface<FieldCase> {};
 

@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <concepts>
 #include <cstddef>
 #include <cstdlib>
 #include <map>
@@ -26,7 +27,9 @@ inline void PrintTo(const ErrorMsg& p_report, std::ostream* p_stream)
               << ": \"" << p_report.getMessage() << '"';
 }
 
-inline void PrintTo(const Error& p_error, std::ostream* p_stream)
+/// A template, so that it is preferred for the derived classes as well.
+template <std::derived_from<Error> Exception>
+void PrintTo(const Exception& p_error, std::ostream* p_stream)
 {
     *p_stream << p_error.errorMessage() << ", type " << p_error.getType();
 }
