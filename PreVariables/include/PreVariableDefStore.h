@@ -53,22 +53,24 @@ public:
     using ValueSet = std::set<ValueIndex>;
     using ValueList = std::vector<ValueIndex>;
 
+    static constexpr ValueIndex k_emptyText = 6;    ///< of the empty text, in every store
+
     /// One solver variable. A key that its definition does not have leaves the index of the empty text, or an empty
     /// set or list.
     //
     // Deliberate: the last four fields of VarDefField stand in another order there. Both orders are fixed.
     struct QEN_PREVARIABLES_API VarDefData {
-        ValueIndex shortName = 0;
-        ValueIndex longName = 0;
-        ValueIndex oldShortName = 0;
-        ValueIndex oldLongName = 0;
-        ValueIndex quantity = 0;
-        ValueIndex tensorType = 0;
-        ValueIndex status = 0;
-        ValueIndex outputToPostprocessor = 0;
-        ValueIndex underRelaxationFactor = 0;
-        ValueIndex userLevel = 0;
-        ValueIndex fieldVariable = 0;    // always that of "T" or "F"
+        ValueIndex shortName = k_emptyText;
+        ValueIndex longName = k_emptyText;
+        ValueIndex oldShortName = k_emptyText;
+        ValueIndex oldLongName = k_emptyText;
+        ValueIndex quantity = k_emptyText;
+        ValueIndex tensorType = k_emptyText;
+        ValueIndex status = k_emptyText;
+        ValueIndex outputToPostprocessor = k_emptyText;
+        ValueIndex underRelaxationFactor = k_emptyText;
+        ValueIndex userLevel = k_emptyText;
+        ValueIndex fieldVariable = k_emptyText;    // always that of "T" or "F"
         ValueSet generalAvailability;
         ValueSet physicalAvailability;
         ValueSet variableClass;

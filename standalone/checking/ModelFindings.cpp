@@ -1,7 +1,7 @@
 #include "checking/ModelFindings.h"
 
 #include "checking/ValueItems.h"
-#include "definitions/NearestName.h"
+#include "text/NearestName.h"
 
 #include "QCLParam.h"
 #include "QCLPath.h"

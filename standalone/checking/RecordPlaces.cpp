@@ -62,7 +62,7 @@ TextRange RecordPlaces::rangeInValue(const ExpressionErrors::ExprError& p_record
         return item->range;
 
     const QelResult result = analyseExpression(item->text, m_world);
-    if (!result.error || result.error->range.length == 0)
+    if (!result.error)
         return item->range;
     return {item->range.offset + result.error->range.offset, result.error->range.length};
 }

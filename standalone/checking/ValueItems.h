@@ -1,6 +1,7 @@
 #pragma once
 
 #include "expressions/QelExpression.h"
+#include "StandaloneApi.h"
 
 #include <string>
 #include <vector>
@@ -14,6 +15,6 @@ struct ValueItem {
 };
 
 /// The items of a value as the library splits it, with their places.
-std::vector<ValueItem> valueItems(const std::string& p_value);
+QEN_STANDALONE_API std::vector<ValueItem> valueItems(const std::string& p_value);
 
 }    // namespace qen::standalone

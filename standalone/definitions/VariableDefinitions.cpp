@@ -1,6 +1,6 @@
 #include "definitions/VariableDefinitions.h"
 
-#include "definitions/NearestName.h"
+#include "text/NearestName.h"
 #include "world/World.h"
 
 #include "DataError.h"

@@ -1,6 +1,6 @@
 #include "rules/RuleReader.h"
 
-#include "definitions/NearestName.h"
+#include "text/NearestName.h"
 #include "rules/RuleText.h"
 
 #include <algorithm>

@@ -2,32 +2,14 @@
 
 #include "DataError.h"
 #include "qcl/QclReader.h"
+#include "support/AllocationCount.h"
 
-#include <cstdlib>
 #include <gmock/gmock.h>
-#include <new>
 #include <string>
 #include <utility>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-namespace {
-std::size_t g_allocations = 0;
-}
-
-// Counts every allocation of this executable.
-void* operator new(std::size_t p_size)
-{
-    ++g_allocations;
-    if (void* memory = std::malloc(p_size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* p_memory) noexcept { std::free(p_memory); }
-
-void operator delete(void* p_memory, std::size_t) noexcept { std::free(p_memory); }
 
 namespace qen::standalone {
 namespace {
@@ -193,12 +175,12 @@ TEST(ModelTree, FindsObjectsAndParametersWithoutAllocating)
         tree.setParameter("/A:a name that is too long for a short string " + std::to_string(number % 30),
                           "a parameter with a name that is too long as well " + std::to_string(number), "1");
 
-    const std::size_t before = g_allocations;
+    const std::size_t before = support::allocationCount();
     const ModelTree::Object* object = tree.find("/A:a name that is too long for a short string 7");
     const ModelTree::Parameter* parameter =
         object->find("a parameter with a name that is too long as well 37");
     const ModelTree::Object* missing = tree.find("/A:a name that is too long for a short string 77");
-    const std::size_t after = g_allocations;
+    const std::size_t after = support::allocationCount();
 
     EXPECT_EQ(after, before);
     ASSERT_NE(parameter, nullptr);

@@ -1,6 +1,6 @@
 #include "rules/RuleBook.h"
 
-#include "AllocationCount.h"
+#include "support/AllocationCount.h"
 #include "RulesText.h"
 
 #include "model/ModelTree.h"
@@ -112,11 +112,11 @@ TEST(RuleBook, FindsWithoutAllocating)
     const std::string name = "Contact Angle";
     const std::string lastType = "WALL";
 
-    const std::size_t before = allocationCount();
+    const std::size_t before = support::allocationCount();
     const ParameterRule* rule = rules.find(path, name);
     const bool valid = rules.isValidPath(path);
     const ParamType type = rules.getParamType(lastType, name);
-    const std::size_t after = allocationCount();
+    const std::size_t after = support::allocationCount();
 
     EXPECT_THAT(rule, NotNull());
     EXPECT_TRUE(valid);

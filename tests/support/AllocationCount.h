@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-namespace qen::standalone::test {
+namespace qen::support {
 
 /// How often this process has taken memory so far.
 std::size_t allocationCount();
 
-}    // namespace qen::standalone::test
+}    // namespace qen::support

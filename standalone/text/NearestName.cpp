@@ -1,4 +1,4 @@
-#include "definitions/NearestName.h"
+#include "text/NearestName.h"
 
 #include "StringUtilities.h"
 

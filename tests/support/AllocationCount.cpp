@@ -1,4 +1,4 @@
-#include "AllocationCount.h"
+#include "support/AllocationCount.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -22,8 +22,8 @@ void operator delete(void* p_memory) noexcept { std::free(p_memory); }
 
 void operator delete(void* p_memory, std::size_t) noexcept { std::free(p_memory); }
 
-namespace qen::standalone::test {
+namespace qen::support {
 
 std::size_t allocationCount() { return s_allocations; }
 
-}    // namespace qen::standalone::test
+}    // namespace qen::support

@@ -1,0 +1,114 @@
+#include "checking/CheckedCase.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace qen::standalone {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* k_rules = R"(
+[/FLOW/TEST]
+
+[/FLOW/TEST/PARAMETER:Length]
+Type = Real
+Quantity = Length
+Lower Bound = 0 [m]
+
+[/FLOW/TEST/PARAMETER:Lengths]
+Type = Real List
+Quantity = Length
+Lower Bound = 0 [m]
+Depends On = ANY
+
+[/FLOW/TEST/PARAMETER:Odd]
+Type = Real List
+Lower Bound = 0 [m]
+)";
+
+CaseReport check(const std::string& p_parameters)
+{
+    static const RulesForTest rules(k_rules);
+    EXPECT_THAT(rules.definitions().problems(), IsEmpty());
+    return rules.check("[/FLOW:F/TEST]\n" + p_parameters);
+}
+
+TEST(CaseChecker, FindsNothingInACleanCase)
+{
+    const CaseReport report = check("Length = 1 [m]\nLengths = 1 [m], 2 [mm], 3 [m] * 4\n");
+
+    EXPECT_THAT(report.findings, IsEmpty());
+    EXPECT_EQ(report.parameters, 2U);
+    EXPECT_EQ(report.expressions, 1U);
+    EXPECT_FALSE(report.internalError);
+}
+
+TEST(CaseChecker, OrdersItsFindingsByLine)
+{
+    const CaseReport report = check("Lengths = 1 [K]\nLength = -1 [m]\n");
+
+    EXPECT_THAT(
+        report.findings,
+        ElementsAre(FoundAt(2, 11, "wrong-units",
+                            "Invalid units ('K') set for parameter 'Lengths' in object '/FLOW:F/TEST'. "
+                            "Expected units: 'm'."),
+                    FoundAt(3, 10, "below-lower-bound",
+                            "Value of 'Length' in object '/FLOW:F/TEST', '-1 [m]', violates its lower bound, "
+                            "'0 [m]'.")));
+}
+
+TEST(CaseChecker, PointsAtTheItemOfAListThatIsWrong)
+{
+    const CaseReport report = check("Lengths = 1 [m], 2 [m] + 1 [s], 3 [m], -4 [m]\n");
+
+    EXPECT_THAT(
+        report.findings,
+        ElementsAre(FoundAt(2, 18, "bad-expression", testing::_),
+                    FoundAt(2, 40, "below-lower-bound",
+                            "Value of 'Lengths' in object '/FLOW:F/TEST', '1 [m], 2 [m] + 1 [s], 3 [m], -4 "
+                            "[m]', violates its lower bound, '0 [m]'.")));
+}
+
+TEST(CaseChecker, TellsAnExceptionAtTheParameterThatCausesItAndChecksTheRest)
+{
+    // Given a bound that cannot be compared with the number: its parameter has no quantity to refuse the units first
+    const CaseReport report = check("Length = 1 [K]\nOdd = 1 [s]\nLengths = 1 [K] * 2\n");
+
+    EXPECT_THAT(
+        report.findings,
+        ElementsAre(
+            FoundAt(2, 10, "wrong-units", testing::_),
+            FoundAt(
+                3, 1, "check-exception",
+                "Parameter 'Odd' in object '/FLOW:F/TEST' could not be checked: "
+                "DimExprChecker::extractBoundValue: The lower or upper bound value for parameter 'Odd' has "
+                "been specified with invalid units."),
+            FoundAt(4, 11, "wrong-expression-units", testing::_)));
+}
+
+TEST(CaseChecker, TellsAnExceptionOfADeferredCheckAtItsParameterToo)
+{
+    // Given an expression whose bound cannot be compared: only the run of what was deferred finds out
+    const CaseReport report = check("Odd = 1 [s] * 2\nLengths = 1 [K] * 2\n");
+
+    EXPECT_THAT(report.findings, ElementsAre(FoundAt(2, 1, "check-exception", testing::_),
+                                             FoundAt(3, 11, "wrong-expression-units", testing::_)));
+}
+
+TEST(CaseChecker, FollowsProgressOverAllParameters)
+{
+    static const RulesForTest rules(k_rules);
+    std::vector<std::pair<std::size_t, std::size_t>> steps;
+
+    checkCase(readQclText("case.qcl", "[/FLOW:F/TEST]\nLength = 1 [m]\nLengths = 1 [m]\n"),
+              rules.definitions(),
+              [&](std::size_t p_done, std::size_t p_all) { steps.emplace_back(p_done, p_all); });
+
+    EXPECT_THAT(steps, ElementsAre(std::pair(std::size_t {1}, std::size_t {2}),
+                                   std::pair(std::size_t {2}, std::size_t {2})));
+}
+
+}    // namespace
+}    // namespace qen::standalone
