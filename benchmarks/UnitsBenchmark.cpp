@@ -2,6 +2,8 @@
 /// How long it takes to understand a units text that was not seen before, against udunits2. Both take turns, text by
 /// text, so that a change of the machine's speed hits both; each text must mean the same to both.
 
+#include "Measure.h"
+
 #include "qcl/QclReader.h"
 #include "units/UnitSystem.h"
 
@@ -18,6 +20,8 @@
 
 namespace {
 
+using qen::benchmarks::median;
+using qen::benchmarks::nanoseconds;
 using qen::standalone::UnitSystem;
 using qen::standalone::UnitValue;
 
@@ -44,18 +48,6 @@ constexpr std::array k_texts {
     Text {"ft^2 s^-1", "m^2 s^-1"},           Text {"lbf ft^-2", "kg m^-1 s^-2"},        Text {"W m^-2 sr^-1", "kg s^-3 sr^-1"}};
 // clang-format on
 static_assert(k_texts.size() == 30);
-
-double nanoseconds(std::chrono::steady_clock::duration p_time)
-{
-    return std::chrono::duration<double, std::nano>(p_time).count();
-}
-
-double median(std::vector<double> p_values)
-{
-    const auto middle = p_values.begin() + static_cast<std::ptrdiff_t>(p_values.size() / 2);
-    std::nth_element(p_values.begin(), middle, p_values.end());
-    return *middle;
-}
 
 /// The factor to base units as udunits2 has it; not a number when the text is not known or of another dimension.
 double udunitsFactor(ut_system* p_system, const Text& p_text)

@@ -1,0 +1,50 @@
+#include "CheckSetting.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace qen::benchmarks {
+
+CheckSetting::CheckSetting(const PreVariableDefStore* p_variables)
+    : m_definitions({QEN_DEFINITIONS_DIR}),
+      m_world(makeWorld(p_variables ? *p_variables : m_definitions.variables())), m_scope(m_world),
+      m_checker(makeChecker(*m_world.variables))
+{
+    if (m_definitions.hasErrors())
+        throw std::runtime_error("the definitions in " QEN_DEFINITIONS_DIR " have errors");
+    for (const Formula& formula : k_formulas)
+        m_model.setParameter(formula.objectPath, formula.paramName, formula.expression);
+}
+
+standalone::World CheckSetting::makeWorld(const PreVariableDefStore& p_variables) const
+{
+    standalone::World world;
+    world.units = &m_definitions.units();
+    world.variables = &p_variables;
+    world.rules = &m_definitions.rules();
+    world.model = &m_model;
+    return world;
+}
+
+DimExprChecker CheckSetting::makeChecker(const PreVariableDefStore& p_variables) const
+{
+    return DimExprChecker(&m_model, &m_definitions.rules(), &m_definitions.rules(), &p_variables, nullptr,
+                          nullptr, nullptr, nullptr);
+}
+
+bool CheckSetting::allPass()
+{
+    bool pass = true;
+    for (const Formula& formula : k_formulas)
+    {
+        if (passes(formula, formula.expression))
+            continue;
+        pass = false;
+        const auto record = m_checker.endExprError() - 1;
+        std::fprintf(stderr, "%s\n    %s\n", formula.expression, record->message.c_str());
+    }
+    m_checker.clearErrors();
+    return pass;
+}
+
+}    // namespace qen::benchmarks
