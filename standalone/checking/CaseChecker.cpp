@@ -13,9 +13,10 @@
 
 #include "Error.h"
 
+#include <algorithm>
 #include <exception>
-#include <set>
 #include <string>
+#include <unordered_set>
 #include <utility>
 
 namespace qen::standalone {
@@ -60,6 +61,8 @@ public:
         m_report.parameters = m_index.size();
         m_report.expressions = addModelFindings(m_case, m_model, m_definitions.rules(), m_report.findings);
 
+        leaveOutTooLongLists();
+
         DimExprChecker checker = makeChecker();
         DimExprCheckScheduler scheduler(&m_model, &m_definitions.rules(), nullptr, &checker);
         followAllChanges(scheduler);
@@ -91,6 +94,26 @@ private:
                               &m_definitions.variables(), nullptr, nullptr, nullptr, nullptr);
     }
 
+    void leaveOutTooLongLists()
+    {
+        std::size_t listBytes = 0;
+        for (const QclObject& object : m_case.objects)
+            for (const QclParameter& parameter : object.parameters)
+            {
+                const auto commas = std::count(parameter.value.begin(), parameter.value.end(), ',');
+                if (commas == 0)
+                    continue;
+                listBytes += (static_cast<std::size_t>(commas) + 1) * parameter.value.size();
+                if (listBytes < CaseLimits::k_listBytes)
+                    continue;
+                m_leftOut.insert(key(object.path, parameter.name));
+                addAtName(parameter, "limit-list-length",
+                          "The list of parameter '" + parameter.name + "' in object '" + object.path +
+                              "' is too long to be checked: " + std::to_string(parameter.value.size()) +
+                              " bytes with " + std::to_string(commas) + " commas.");
+            }
+    }
+
     /// Has the scheduler follow the case as a change of every parameter. An exception ends the check of its parameter
     /// alone.
     void followAllChanges(DimExprCheckScheduler& p_scheduler)
@@ -109,6 +132,8 @@ private:
         {
             if (m_check.m_progress)
                 m_check.m_progress(++m_done, m_check.m_report.parameters);
+            if (m_check.m_leftOut.count(key(p_objectPath, p_paramName)) != 0)
+                return;
             try
             {
                 m_target.onParamChange(p_objectPath, p_paramName, p_value, p_flag);
@@ -151,6 +176,8 @@ private:
 
     void runOne(const std::string& p_objectPath, const std::string& p_paramName, Records& p_records)
     {
+        if (m_leftOut.count(key(p_objectPath, p_paramName)) != 0)
+            return;
         DimExprChecker checker = makeChecker();
         DimExprCheckScheduler scheduler(&m_model, &m_definitions.rules(), nullptr, &checker);
         try
@@ -175,19 +202,30 @@ private:
     void addException(const std::string& p_objectPath, const std::string& p_paramName,
                       const std::exception_ptr& p_exception)
     {
-        if (!m_excepted.insert(p_objectPath + "\n" + p_paramName).second)
+        if (!m_excepted.insert(key(p_objectPath, p_paramName)).second)
             return;    // told of when the parameter was followed
 
         const std::string message = "Parameter '" + p_paramName + "' in object '" + p_objectPath +
                                     "' could not be checked: " + describe(p_exception);
         const QclParameter* parameter = m_index.find(p_objectPath, p_paramName);
         if (parameter)
-            m_report.findings.push_back(
-                toFinding({Severity::Error, "check-exception", message, parameter->place,
-                           static_cast<std::uint32_t>(parameter->name.size())},
-                          m_case));
+            addAtName(*parameter, "check-exception", message);
         else
             addWithoutPlace("check-exception", message);
+    }
+
+    // A line end stands neither in a path nor in a name.
+    static std::string key(const std::string& p_objectPath, const std::string& p_paramName)
+    {
+        return p_objectPath + "\n" + p_paramName;
+    }
+
+    void addAtName(const QclParameter& p_parameter, std::string p_identifier, std::string p_message)
+    {
+        m_report.findings.push_back(
+            toFinding({Severity::Error, std::move(p_identifier), std::move(p_message), p_parameter.place,
+                       static_cast<std::uint32_t>(p_parameter.name.size())},
+                      m_case));
     }
 
     void addWithoutPlace(std::string p_identifier, std::string p_message)
@@ -205,7 +243,8 @@ private:
     ModelTree m_model;
     World m_world;
     MessageLog m_messages;
-    std::set<std::string> m_excepted;    // parameters that an exception was told of
+    std::unordered_set<std::string> m_leftOut;     // parameters that are too long to be checked
+    std::unordered_set<std::string> m_excepted;    // parameters that an exception was told of
     CaseReport m_report;
 };
 

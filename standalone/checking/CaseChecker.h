@@ -19,6 +19,13 @@ struct QEN_STANDALONE_API CaseReport {
     bool internalError = false;       ///< an internal assertion failed; the findings may not be all
 };
 
+/// What a case may be, so that checking it takes time and memory linear in it.
+struct QEN_STANDALONE_API CaseLimits {
+    /// Every message about an item of a list may hold the whole list. The items of each list times the bytes of its
+    /// value, added up over the lists of a case, stay below this; lists beyond it are not checked, with a finding each.
+    static constexpr std::size_t k_listBytes = std::size_t {1} << 30;
+};
+
 /// Is told how many of how many parameters are done.
 using Progress = std::function<void(std::size_t, std::size_t)>;
 

@@ -230,7 +230,8 @@ class OperatorDefinitionWithout : public OperatorTest, public testing::WithParam
 
 TEST_P(OperatorDefinitionWithout, ARequiredKeyIsRefused)
 {
-    const auto& [key, definition] = GetParam();
+    const char* key = GetParam().first;
+    const auto definition = GetParam().second;
 
     EXPECT_THAT(thrownBy<data::error>(
                     [&] { m_store.addVariableOperatorDefinition("op", without(key, definition({}))); }),

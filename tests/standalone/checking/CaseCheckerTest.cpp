@@ -97,6 +97,33 @@ TEST(CaseChecker, TellsAnExceptionOfADeferredCheckAtItsParameterToo)
                                              FoundAt(3, 11, "wrong-expression-units", testing::_)));
 }
 
+TEST(CaseChecker, LeavesOutAListWhoseMessagesWouldFillTheMemory)
+{
+    // Given a list each of whose items would be refused with a message that holds the whole list
+    std::string list = "-(1 [m])";
+    for (int i = 0; i < 100000; ++i)
+        list += ", -(1 [m])";
+
+    const CaseReport report = check("Lengths = " + list + "\nLength = -1 [m]\n");
+
+    EXPECT_THAT(
+        report.findings,
+        ElementsAre(FoundAt(2, 1, "limit-list-length",
+                            "The list of parameter 'Lengths' in object '/FLOW:F/TEST' is too long to be "
+                            "checked: 1000008 bytes with 100000 commas."),
+                    FoundAt(3, 10, "below-lower-bound", testing::_)));
+}
+
+TEST(CaseChecker, ChecksListsOfThousandsOfItems)
+{
+    std::string list = "1 [m]";
+    for (int i = 0; i < 5000; ++i)
+        list += ", 1 [m]";
+
+    EXPECT_THAT(check("Lengths = " + list + ", -1 [m]\n").findings,
+                ElementsAre(FoundAt(2, 35018, "below-lower-bound", testing::_)));
+}
+
 TEST(CaseChecker, FollowsProgressOverAllParameters)
 {
     static const RulesForTest rules(k_rules);
