@@ -29,6 +29,7 @@ bool run()
     if (!setting.allPass())
         return false;
 
+    const auto world = setting.install();
     MuParserReference reference;
     std::size_t failures = 0;
     const auto evaluate = [&](const std::string& p_text) {

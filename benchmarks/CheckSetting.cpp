@@ -7,7 +7,7 @@ namespace qen::benchmarks {
 
 CheckSetting::CheckSetting(const PreVariableDefStore* p_variables)
     : m_definitions({QEN_DEFINITIONS_DIR}),
-      m_world(makeWorld(p_variables ? *p_variables : m_definitions.variables())), m_scope(m_world),
+      m_world(makeWorld(p_variables ? *p_variables : m_definitions.variables())),
       m_checker(makeChecker(*m_world.variables))
 {
     if (m_definitions.hasErrors())
@@ -34,6 +34,7 @@ DimExprChecker CheckSetting::makeChecker(const PreVariableDefStore& p_variables)
 
 bool CheckSetting::allPass()
 {
+    const auto world = install();
     bool pass = true;
     for (const Formula& formula : k_formulas)
     {

@@ -32,6 +32,9 @@ public:
 
     standalone::ModelTree& model() { return m_model; }
 
+    /// Has the host answer from this setting until what is returned goes. Checks need it.
+    [[nodiscard]] standalone::WorldScope install() const { return standalone::WorldScope(m_world); }
+
     /// The full check of a formula's parameter with a text for its value.
     ///
     /// @return Whether nothing is wrong with it.
@@ -40,7 +43,8 @@ public:
         return m_checker.checkParamExpression(p_formula.objectPath, p_formula.paramName, p_text);
     }
 
-    /// Whether every formula passes; what is wrong with one that does not is written to standard error.
+    /// Whether every formula passes; what is wrong with one that does not is written to standard error. Installs the
+    /// setting itself.
     bool allPass();
 
 private:
@@ -52,7 +56,6 @@ private:
     standalone::Definitions m_definitions;
     standalone::ModelTree m_model;
     standalone::World m_world;
-    standalone::WorldScope m_scope;
     DimExprChecker m_checker;
 };
 

@@ -10,20 +10,17 @@
 
 #include "CheckSetting.h"
 #include "Formulas.h"
+#include "LargeSettings.h"
 #include "MuParserReference.h"
-
-#include "qcl/QclReader.h"
 
 #include <valgrind/callgrind.h>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <map>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -32,71 +29,9 @@ namespace {
 
 using namespace qen::benchmarks;
 using qen::PreVariableDefStore;
-using Parameters = std::map<std::string, std::string>;
 
 constexpr std::string_view k_countedDigits = "12345678";
 constexpr char k_warmUpDigit = '9';
-
-// The shipped variables that the formulas name; a vector is followed by its three components.
-constexpr std::array<std::string_view, 9> k_needed {"x", "y", "z", "r", "t", "density", "vel", "T", "ptot"};
-constexpr std::size_t k_smallestCatalogue = k_needed.size() + 3;
-constexpr std::size_t k_smallestModel = 10;
-
-void addNeededVariables(PreVariableDefStore& p_store)
-{
-    constexpr std::string_view k_section = "/VARIABLE:";
-    std::size_t found = 0;
-    for (const auto& object : qen::standalone::readQclFile(QEN_DEFINITIONS_DIR "/VARIABLES.qcl").objects)
-    {
-        if (!object.path.starts_with(k_section))
-            continue;
-        const std::string name = object.path.substr(k_section.size());
-        if (std::find(k_needed.begin(), k_needed.end(), name) == k_needed.end())
-            continue;
-        Parameters parameters;
-        for (const auto& parameter : object.parameters)
-            parameters.emplace(parameter.name, parameter.value);
-        p_store.addVariableDefinition(name, parameters);
-        ++found;
-    }
-    if (found != k_needed.size())
-        throw std::runtime_error("VARIABLES.qcl lacks variables that the formulas name");
-}
-
-/// Fills the catalogue up to a number of variables. The others begin like those that the formulas name.
-void fillCatalogue(PreVariableDefStore& p_store, std::size_t p_variables)
-{
-    constexpr std::array k_beginnings {"Density", "Velocity", "Temperature", "Total Pressure"};
-    addNeededVariables(p_store);
-    for (std::size_t i = k_smallestCatalogue; i < p_variables; ++i)
-    {
-        const std::string number = std::to_string(i);
-        p_store.addVariableDefinition(
-            "sample" + number, Parameters {{"Long Name", k_beginnings[i % 4] + (" of Sample " + number)},
-                                           {"Quantity", "Length"},
-                                           {"Tensor Type", "SCALAR"},
-                                           {"General Availability", "QEL"},
-                                           {"Variable Scope", "GLOBAL"},
-                                           {"Field Variable", "Yes"}});
-    }
-}
-
-/// Fills the model up to a number of objects: boundaries of the domain whose boundary is checked, and materials, each
-/// with one object in it.
-void fillModel(qen::standalone::ModelTree& p_model, std::size_t p_objects)
-{
-    std::size_t number = 0;
-    for (std::size_t objects = k_smallestModel; objects + 2 <= p_objects; objects += 2)
-    {
-        const std::string name = std::to_string(++number);
-        if (number % 2 == 0)
-            p_model.setParameter("/LIBRARY/MATERIAL:Gas " + name + "/DYNAMIC VISCOSITY", "Dynamic Viscosity",
-                                 "2e-5 [Pa s]");
-        else
-            p_model.setParameter("/FLOW:Duct/DOMAIN:Channel/BOUNDARY:Side " + name + "/INFLOW", "Speed",
-                                 "3 [m s^-1]");
-    }
-}
 
 std::string withDigit(const char* p_text, char p_digit)
 {
@@ -139,6 +74,7 @@ bool run(std::size_t p_variables, std::size_t p_objects)
     CheckSetting setting(variables);
     fillModel(setting.model(), p_objects);
     MuParserReference reference;
+    const auto world = setting.install();
 
     bool allRight = true;
     for (std::size_t i = 0; i < k_formulas.size(); ++i)
