@@ -35,7 +35,7 @@ inline constexpr std::array k_formulas = std::to_array<Formula>({
     {k_heatTransfer, "Static Temperature",
      "3 [K] + 50 [K] * sin(2 * pi * t / 1 [s])",
      "3 * K + 50 * K * sin(2 * pi * t / (1 * s))"},
-    {k_inflow, "Velocity U",
+    {k_wall, "Slip Coefficient",
      "5 [m s^-1]",
      "5 * mps"},
     {k_inflow, "Speed",
