@@ -132,7 +132,7 @@ private:
         {
             if (m_check.m_progress)
                 m_check.m_progress(++m_done, m_check.m_report.parameters);
-            if (m_check.m_leftOut.count(key(p_objectPath, p_paramName)) != 0)
+            if (m_check.m_leftOut.contains(key(p_objectPath, p_paramName)))
                 return;
             try
             {
@@ -176,7 +176,7 @@ private:
 
     void runOne(const std::string& p_objectPath, const std::string& p_paramName, Records& p_records)
     {
-        if (m_leftOut.count(key(p_objectPath, p_paramName)) != 0)
+        if (m_leftOut.contains(key(p_objectPath, p_paramName)))
             return;
         DimExprChecker checker = makeChecker();
         DimExprCheckScheduler scheduler(&m_model, &m_definitions.rules(), nullptr, &checker);

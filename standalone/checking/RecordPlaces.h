@@ -11,7 +11,6 @@
 #include <queue>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace qen::standalone {
@@ -22,8 +21,8 @@ class RecordPlaces {
 public:
     /// @param p_checker  A checker of the same world, for looking at the items of a list one by one.
     RecordPlaces(const QclDocument& p_case, const CaseIndex& p_index, const World& p_world,
-                 DimExprChecker p_checker)
-        : m_case(p_case), m_index(p_index), m_world(p_world), m_checker(std::move(p_checker))
+                 const DimExprChecker& p_checker)
+        : m_case(p_case), m_index(p_index), m_world(p_world), m_checker(p_checker)
     {}
 
     /// @param p_identifier  Of the record's message; null for a text that is in no catalogue.

@@ -81,7 +81,7 @@ bool RuleBook::isValidPath(const std::string& p_objectPath) const
 
 bool RuleBook::isValidParamName(const std::string& p_paramName) const
 {
-    return m_impl->tree.parameterNames().count(p_paramName) != 0;
+    return m_impl->tree.parameterNames().contains(p_paramName);
 }
 
 ParamType RuleBook::getParamType(const std::string& p_lastType, const std::string& p_paramName) const

@@ -19,7 +19,7 @@ void DimExprChecker::checkLibraryExpr(const std::string& p_exprName, const std::
     if (m_varDefStore->isPostVariable(p_exprName))
         raise<Msg::PostprocessorNameClash>(p_exprName);
 
-    if (getAllParamsInRules().count(p_exprName) != 0)
+    if (getAllParamsInRules().contains(p_exprName))
         raise<Msg::ParameterNameClash>(p_exprName);
 }
 

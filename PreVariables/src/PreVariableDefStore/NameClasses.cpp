@@ -96,7 +96,7 @@ bool PreVariableDefStore::isSolverInternalVariable(const std::string& p_name) co
         names.erase("");
         m_solverInternalNames.swap(names);
     }
-    return m_solverInternalNames.count(p_name) != 0;
+    return m_solverInternalNames.contains(p_name);
 }
 
 std::set<std::string>

@@ -159,7 +159,7 @@ PreVariableDefStore::TensType PreVariableDefStore::getOperatorTensorType(const s
 bool PreVariableDefStore::doesOperatorHaveAvailability(const std::string& p_name,
                                                        const std::string& p_keyword) const
 {
-    return operatorNamed(p_name, "doesOperatorHaveAvailability").availability.count(p_keyword) != 0;
+    return operatorNamed(p_name, "doesOperatorHaveAvailability").availability.contains(p_keyword);
 }
 
 const PreVariableDefStore::Operator& PreVariableDefStore::operatorNamed(const std::string& p_name,

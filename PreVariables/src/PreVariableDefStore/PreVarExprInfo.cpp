@@ -4,8 +4,7 @@ namespace qen {
 
 PreVarExprInfo& PreVarExprInfo::instance()
 {
-    static PreVarExprInfo* const info =
-        new PreVarExprInfo;    // never destroyed: others may ask until the very end
+    static auto* const info = new PreVarExprInfo;    // never destroyed: others may ask until the very end
     return *info;
 }
 

@@ -20,7 +20,7 @@ bool holds(const Store::VarDefData& p_record, Store::VarDefField p_field, Store:
         return false;
     return std::visit(Overloaded {
                           [&](ValueMember p_member) { return p_record.*p_member == p_value; },
-                          [&](SetMember p_member) { return (p_record.*p_member).count(p_value) != 0; },
+                          [&](SetMember p_member) { return (p_record.*p_member).contains(p_value); },
                           [&](ListMember p_member) {
                               const Store::ValueList& values = p_record.*p_member;
                               return std::find(values.begin(), values.end(), p_value) != values.end();

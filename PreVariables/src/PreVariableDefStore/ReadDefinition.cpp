@@ -63,6 +63,7 @@ void readField(Store::VarDefField p_field, const Parameters& p_parameters, Store
 void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const Parameters& p_parameters)
 {
     // The caller's name may be one of this store's own texts, which move as the store grows.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): for that reason
     const std::string name = p_name;
     m_shortNamesCache.clear();    // at once: a definition that is ignored or refused empties it too
 
@@ -95,7 +96,7 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
         readField(field, p_parameters, *this, record);
 
     std::string fieldVariable = textOf(FIELD_VARIABLE, p_parameters);
-    if (fieldVariable.empty() && record.generalAvailability.count(m_qelIdx) != 0)
+    if (fieldVariable.empty() && record.generalAvailability.contains(m_qelIdx))
     {
         // Deliberate: tells the user "True", which is a text they may write, and goes on with "T". Do not make them
         // alike. Held by ReadDefinition.AssumesAFieldWhereQelIsAvailableAndNothingIsSaid.
