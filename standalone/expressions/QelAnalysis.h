@@ -82,7 +82,7 @@ private:
     bool infix(Operand& p_left, unsigned p_precedence);
     bool unary(Operand& p_operand);
     bool sign(Operand& p_operand);
-    bool power(Operand& p_operand);
+    bool power(Operand& p_base);
     bool primary(Operand& p_operand);
     bool number(Operand& p_operand);
     bool parenthesis(Operand& p_operand);
@@ -110,12 +110,12 @@ private:
     void collect(QelReference::Kind p_kind, std::string_view p_text);
 
     // Errors (QelFailures.cpp).
-    bool fail(const char* p_begin, const char* p_end, std::string p_message);
+    bool fail(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failBeyondLimit(const char* p_begin, const char* p_end, std::string p_message);
     bool failDims(const char* p_begin, const char* p_end, std::string p_message);
     bool failExpected(const char* p_at, std::string_view p_expected);
     bool failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name, const char* p_begin);
-    void leaveUnresolved(const char* p_begin, const char* p_end, std::string p_message);
+    void leaveUnresolved(const char* p_begin, const char* p_end, const std::string& p_message);
     QelError errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const;
     TextRange rangeOf(const char* p_begin, const char* p_end) const;
     std::string column(const char* p_at) const;

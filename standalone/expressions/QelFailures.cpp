@@ -26,7 +26,8 @@ std::string chainText(const std::vector<std::string_view>& p_names)
         if (!whole.empty())
             whole += k_arrow;
         whole += name;
-        const std::string cut = whole + std::string(k_arrow).append(k_left).append(k_arrow) + last;
+        std::string cut = whole;
+        cut.append(k_arrow).append(k_left).append(k_arrow).append(last);
         if (characters(cut) <= QelLimits::k_quotedCharacters)
             shortened = cut;
         if (characters(whole) > 2 * QelLimits::k_quotedCharacters)
@@ -39,7 +40,7 @@ std::string chainText(const std::vector<std::string_view>& p_names)
 
 }
 
-bool Analysis::fail(const char* p_begin, const char* p_end, std::string p_message)
+bool Analysis::fail(const char* p_begin, const char* p_end, const std::string& p_message)
 {
     if (!m_quiet || m_fatal)
         m_result.error = errorAt(p_begin, p_end, p_message);
@@ -84,7 +85,7 @@ bool Analysis::failCycle(const ModelTree::Parameter& p_parameter, std::string_vi
                     chainText(names) + "; expected an expression that does not refer to itself");
 }
 
-void Analysis::leaveUnresolved(const char* p_begin, const char* p_end, std::string p_message)
+void Analysis::leaveUnresolved(const char* p_begin, const char* p_end, const std::string& p_message)
 {
     if (!m_quiet && !m_unresolved)
         m_unresolved = errorAt(p_begin, p_end, p_message);
@@ -93,6 +94,7 @@ void Analysis::leaveUnresolved(const char* p_begin, const char* p_end, std::stri
 QelError Analysis::errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const
 {
     std::string place;
+    // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): only a source that is being read has errors
     switch (m_source->kind)
     {
     case Source::Kind::Given:

@@ -29,6 +29,7 @@ double modValue(double p_x, double p_divisor)
 }
 
 // clang-format off
+// NOLINTBEGIN(readability-identifier-naming): the letters of formulas
 constexpr std::array k_functions {
     Function {"sin",   DimsRule::AngleToNumber,  1, 1, [](double x, double, double) { return std::sin(x); }},
     Function {"cos",   DimsRule::AngleToNumber,  1, 1, [](double x, double, double) { return std::cos(x); }},
@@ -56,6 +57,7 @@ constexpr std::array k_functions {
     Function {"if",    DimsRule::Choice,         3, 3,
               [](double c, double x, double y) { return std::isnan(c) ? c : c != 0.0 ? x : y; }},
 };
+// NOLINTEND(readability-identifier-naming)
 
 // Exact in the SI since 2019 (SI brochure, 9th edition): e, h, k_B, N_A, c, and R = N_A k_B and sigma, which follow.
 // Standard gravity: 3rd General Conference on Weights and Measures, 1901. epsilon_0, mu_0: CODATA 2018.
