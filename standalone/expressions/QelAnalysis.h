@@ -111,8 +111,8 @@ private:
 
     // Errors (QelFailures.cpp).
     bool fail(const char* p_begin, const char* p_end, const std::string& p_message);
-    bool failBeyondLimit(const char* p_begin, const char* p_end, std::string p_message);
-    bool failDims(const char* p_begin, const char* p_end, std::string p_message);
+    bool failBeyondLimit(const char* p_begin, const char* p_end, const std::string& p_message);
+    bool failDims(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failExpected(const char* p_at, std::string_view p_expected);
     bool failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name, const char* p_begin);
     void leaveUnresolved(const char* p_begin, const char* p_end, const std::string& p_message);

@@ -4,8 +4,6 @@
 #include "units/UnitSystem.h"
 #include "world/World.h"
 
-#include <utility>
-
 /// @file
 /// The errors of an analysis. None of this runs while an expression is good.
 
@@ -47,16 +45,16 @@ bool Analysis::fail(const char* p_begin, const char* p_end, const std::string& p
     return false;
 }
 
-bool Analysis::failBeyondLimit(const char* p_begin, const char* p_end, std::string p_message)
+bool Analysis::failBeyondLimit(const char* p_begin, const char* p_end, const std::string& p_message)
 {
     m_fatal = true;
-    return fail(p_begin, p_end, std::move(p_message));
+    return fail(p_begin, p_end, p_message);
 }
 
 // Behind what no catalogue resolves, dimensions are not known, and an error in them would be none of the user's.
-bool Analysis::failDims(const char* p_begin, const char* p_end, std::string p_message)
+bool Analysis::failDims(const char* p_begin, const char* p_end, const std::string& p_message)
 {
-    return m_unresolved || fail(p_begin, p_end, std::move(p_message));
+    return m_unresolved || fail(p_begin, p_end, p_message);
 }
 
 bool Analysis::failExpected(const char* p_at, std::string_view p_expected)

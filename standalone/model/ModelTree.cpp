@@ -56,13 +56,15 @@ struct ModelTree::Impl {
                               ErrorTypeError);
 
         Object* object = nullptr;
-        for (std::size_t end = 0; end < p_objectPath.size();)
+        std::size_t end = 0;
+        do
         {
             end = std::min(p_objectPath.find('/', end + 1), p_objectPath.size());
             const std::string_view leading = p_objectPath.substr(0, end);
             Object* existing = find(leading);
             object = existing ? existing : &addLevel(leading, object);
         }
+        while (end < p_objectPath.size());
         return *object;
     }
 };
