@@ -1,7 +1,7 @@
 #include "rules/RuleReader.h"
 
-#include "text/NearestName.h"
 #include "rules/RuleText.h"
+#include "text/NearestName.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "rules/RuleBook.h"
 
-#include "support/AllocationCount.h"
 #include "RulesText.h"
+#include "support/AllocationCount.h"
 
 #include "model/ModelTree.h"
 #include "rules/ParamTypes.h"
