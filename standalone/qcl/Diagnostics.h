@@ -12,6 +12,7 @@ struct SourcePlace {
     std::uint32_t line = 0;
     std::uint32_t column = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the zero of the generated comparison for a pointer
     friend auto operator<=>(const SourcePlace&, const SourcePlace&) = default;
 };
 

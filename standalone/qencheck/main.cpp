@@ -3,6 +3,7 @@
 #include "Options.h"
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 #include <cstdio>
 #include <exception>
@@ -67,7 +68,7 @@ int main(int p_argc, char** p_argv)
     }
     catch (const std::exception& error)
     {
-        std::fprintf(stderr, "qencheck: %s\n", error.what());
+        fmt::print(stderr, "qencheck: {}\n", error.what());
         return qencheck::k_couldNotCheck;
     }
 }

@@ -151,7 +151,9 @@ int RuleBook::quantityMode(const ModelQCL* p_model, const std::string& p_objectP
         return k_fixedQuantity;
     }
 
-    const std::string holder = p_model ? parameter->unitsSource.resolve(p_objectPath) : std::string();
+    if (!p_model)
+        return k_fixedQuantity;
+    const std::string holder = parameter->unitsSource.resolve(p_objectPath);
     if (holder.empty())
         return k_fixedQuantity;
     std::string units = p_model->paramValue(holder, parameter->unitsSource.paramName);

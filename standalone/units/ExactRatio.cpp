@@ -64,7 +64,7 @@ std::optional<Ratio> exactDecimal(std::string_view p_digits)
     if (std::abs(powerOf10) > k_exactPowerOfTen)
         return std::nullopt;
 
-    const double whole = static_cast<double>(mantissa);
+    const auto whole = static_cast<double>(mantissa);
     if (powerOf10 < 0)
         return reduced({whole, powerOfTen(-powerOf10)});
     const double scaled = whole * powerOfTen(powerOf10);

@@ -7,10 +7,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 #include <unordered_map>
 #include <utility>
 
@@ -183,8 +183,7 @@ std::string UnitSystem::baseUnits(const UnitDimensions& p_dims) const
         if (at != buffer.data())
             *at++ = ' ';
         const std::string& name = m_impl->baseNames[i];
-        std::memcpy(at, name.data(), name.size());
-        at += name.size();
+        at = std::copy(name.begin(), name.end(), at);
         if (exponent == 1.0F)
             continue;
         *at++ = '^';
