@@ -10,10 +10,15 @@ std::atomic<std::size_t> s_allocations {0};
 
 }
 
-void* operator new(std::size_t p_bytes)
+void* operator new(std::size_t p_bytes, const std::nothrow_t&) noexcept
 {
     ++s_allocations;
-    if (void* memory = std::malloc(p_bytes ? p_bytes : 1))
+    return std::malloc(p_bytes ? p_bytes : 1);
+}
+
+void* operator new(std::size_t p_bytes)
+{
+    if (void* memory = operator new(p_bytes, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
