@@ -13,8 +13,8 @@ class QEN_HOST_API QCLPath {
 public:
     QCLPath() = default;
 
-    /// A malformed text gives an empty path.
-    QCLPath(const std::string& p_text);    // NOLINT(google-explicit-constructor): a path text is a path
+    /// A malformed text gives an empty path. Not explicit: a path's text stands for the path.
+    QCLPath(const std::string& p_text);
 
     /// The number of levels.
     std::size_t size() const { return m_levels; }

@@ -34,10 +34,8 @@ public:
 
     UserMsg& operator<<(const std::string& p_argument) { return arg(p_argument); }
 
-    operator std::string() const
-    {
-        return m_text;
-    }    // NOLINT(google-explicit-constructor): a message is a text
+    /// Not explicit: a message stands for its text.
+    operator std::string() const { return m_text; }
 
     const std::string& str() const { return m_text; }
 

@@ -94,8 +94,7 @@ std::bitset<5> readLocatorDimensions(const std::string& p_name, const Parameters
 
 void ExprCBFuncStore::addCBDefinition(const std::string& p_name, const Parameters& p_parameters)
 {
-    // The caller's name may be one of the list that is emptied now.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): for that reason
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the caller's may stand in the list emptied now
     const std::string name = p_name;
 
     // Deliberate: at once, so that a definition that is refused empties the list too.

@@ -92,7 +92,7 @@ void Analysis::leaveUnresolved(const char* p_begin, const char* p_end, const std
 QelError Analysis::errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const
 {
     std::string place;
-    // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): only a source that is being read has errors
+    // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): run() sets it before it reads
     switch (m_source->kind)
     {
     case Source::Kind::Given:

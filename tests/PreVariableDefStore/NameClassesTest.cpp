@@ -245,8 +245,7 @@ TEST(SolverInternalNames, GoAlongWithACopyOfTheStore)
         store.addVariableDefinition(name, scalar({{"Long Name", std::string("Long ") + name}}));
     ASSERT_TRUE(store.isSolverInternalVariable("Long x"));
 
-    const PreVariableDefStore copy =
-        store;    // NOLINT(performance-unnecessary-copy-initialization): the subject
+    const PreVariableDefStore copy = store;
 
     EXPECT_TRUE(copy.isSolverInternalVariable("Long x"));
     EXPECT_FALSE(copy.isSolverInternalVariable("Long"));

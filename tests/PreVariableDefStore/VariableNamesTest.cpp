@@ -231,8 +231,7 @@ TEST_F(CopyOfAStore, HasEverythingOfTheOriginal)
     m_store.addVariableDefinition("TEMP", scalar({{"Long Name", "Temperature"}}));
     m_store.addVariableDefinition("VEL", velocity());
 
-    const PreVariableDefStore copy =
-        m_store;    // NOLINT(performance-unnecessary-copy-initialization): the subject
+    const PreVariableDefStore copy = m_store;
 
     EXPECT_THAT(copy.getAllVariableShortNames(), ElementsAre("TEMP", "VEL", "U", "V", "W"));
     EXPECT_THAT(copy.getVariableAliases("Temperature"), ElementsAre("TEMP", "Temperature"));

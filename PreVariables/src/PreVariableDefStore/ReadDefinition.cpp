@@ -63,7 +63,7 @@ void readField(Store::VarDefField p_field, const Parameters& p_parameters, Store
 void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const Parameters& p_parameters)
 {
     // The caller's name may be one of this store's own texts, which move as the store grows.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): for that reason
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is what keeps it
     const std::string name = p_name;
     m_shortNamesCache.clear();    // at once: a definition that is ignored or refused empties it too
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <locale>
 #include <string>
 
 using qen::StringUtilities;
@@ -132,6 +133,26 @@ TEST(ValueAsFloat, ReadsItsOwnResultTexts)
     EXPECT_EQ(StringUtilities::valueAsFloat(text, isNumber, text, units), 2.0F);
     EXPECT_EQ(text, "2");
     EXPECT_EQ(units, "m");
+}
+
+class DecimalComma final : public std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+};
+
+TEST(ValueAsFloat, IsTheSameWhereStreamsHaveADecimalComma)
+{
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
+
+    bool isNumber = false;
+    std::string number;
+    std::string units;
+    const float value = StringUtilities::valueAsFloat("1.5 [m]", isNumber, number, units);
+    const std::string text = StringUtilities::toString(1.5, "%g");
+    std::locale::global(before);
+
+    EXPECT_EQ(value, 1.5F);
+    EXPECT_TRUE(isNumber);
+    EXPECT_EQ(text, "1.5");
 }
 
 TEST(ValueAsFloat, IsTheSameWhereTheLocaleHasADecimalComma)
