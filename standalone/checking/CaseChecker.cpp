@@ -78,6 +78,7 @@ private:
         World world;
         world.units = &m_definitions.units();
         world.variables = &m_definitions.variables();
+        world.callbacks = &m_definitions.callbacks();
         world.rules = &m_definitions.rules();
         world.model = &m_model;
         world.onAssertion = [this](const std::string& p_message, const std::string& p_file, int p_line) {
@@ -91,7 +92,7 @@ private:
     DimExprChecker makeChecker() const
     {
         return DimExprChecker(&m_model, &m_definitions.rules(), &m_definitions.rules(),
-                              &m_definitions.variables(), nullptr, nullptr, nullptr, nullptr);
+                              &m_definitions.variables(), nullptr, nullptr, nullptr, &m_definitions.callbacks());
     }
 
     void leaveOutTooLongLists()

@@ -1,6 +1,5 @@
 #include "definitions/Definitions.h"
 
-#include "definitions/VariableDefinitions.h"
 #include "qcl/QclReader.h"
 #include "world/World.h"
 
@@ -35,39 +34,33 @@ std::string joined(const std::vector<std::string>& p_folders)
     return text;
 }
 
-/// Reads the files of one name, of all folders in order. The documents stay where they are.
-class DefinitionFile {
-public:
-    DefinitionFile(const char* p_name, const std::vector<std::string>& p_folders,
-                   std::vector<Finding>& p_problems)
+/// Reads the files of one name, of all folders in order.
+std::deque<QclDocument> readFiles(const char* p_name, const std::vector<std::string>& p_folders,
+                                  std::vector<Finding>& p_problems)
+{
+    std::deque<QclDocument> documents;
+    for (const std::string& folder : p_folders)
     {
-        for (const std::string& folder : p_folders)
-        {
-            const fs::path path = fs::path(folder) / p_name;
-            std::error_code error;
-            if (!fs::exists(path, error))
-                continue;
-            const QclDocument& document = m_documents.emplace_back(readQclFile(path.string()));
-            for (const Diagnostic& problem : document.problems)
-                p_problems.push_back(toFinding(problem, document));
-        }
-        if (m_documents.empty())
-            p_problems.push_back(
-                withoutPlace("missing-definitions", std::string("There is no definition file '") + p_name +
-                                                        "' in " + joined(p_folders) + "."));
+        const fs::path path = fs::path(folder) / p_name;
+        std::error_code error;
+        if (!fs::exists(path, error))
+            continue;
+        const QclDocument& document = documents.emplace_back(readQclFile(path.string()));
+        for (const Diagnostic& problem : document.problems)
+            p_problems.push_back(toFinding(problem, document));
     }
-
-    const std::deque<QclDocument>& documents() const { return m_documents; }
-
-private:
-    std::deque<QclDocument> m_documents;
-};
+    if (documents.empty())
+        p_problems.push_back(
+            withoutPlace("missing-definitions", std::string("There is no definition file '") + p_name +
+                                                    "' in " + joined(p_folders) + "."));
+    return documents;
+}
 
 /// Hands each document to an `addDefinitions` and gives its problems their places.
 template <class Target>
-void addAll(Target& p_target, const DefinitionFile& p_file, std::vector<Finding>& p_problems)
+void addAll(Target& p_target, const std::deque<QclDocument>& p_documents, std::vector<Finding>& p_problems)
 {
-    for (const QclDocument& document : p_file.documents())
+    for (const QclDocument& document : p_documents)
     {
         Diagnostics problems;
         p_target.addDefinitions(document, problems);
@@ -80,21 +73,18 @@ void addAll(Target& p_target, const DefinitionFile& p_file, std::vector<Finding>
 
 Definitions::Definitions(const std::vector<std::string>& p_folders)
 {
-    const DefinitionFile unitsFile(k_unitsFile, p_folders, m_problems);
-    addAll(m_units, unitsFile, m_problems);
+    addAll(m_units, readFiles(k_unitsFile, p_folders, m_problems), m_problems);
 
     World world;
     world.units = &m_units;
     const WorldScope scope(world);
 
-    const DefinitionFile rulesFile(k_rulesFile, p_folders, m_problems);
-    addAll(m_rules, rulesFile, m_problems);
+    addAll(m_rules, readFiles(k_rulesFile, p_folders, m_problems), m_problems);
 
-    const DefinitionFile variablesFile(k_variablesFile, p_folders, m_problems);
-    VariableDefinitions variables;
-    for (const QclDocument& document : variablesFile.documents())
-        variables.add(document, m_problems);
-    variables.fill(m_variables, m_problems);
+    m_documents = readFiles(k_variablesFile, p_folders, m_problems);
+    for (const QclDocument& document : m_documents)
+        m_catalogue.add(document);
+    m_catalogue.load(m_variables, m_callbacks, m_problems);
 }
 
 bool Definitions::hasErrors() const

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "definitions/CatalogueDefinitions.h"
 #include "definitions/Finding.h"
+#include "ExprCBFuncStore.h"
 #include "PreVariableDefStore.h"
+#include "qcl/QclDocument.h"
 #include "rules/RuleBook.h"
 #include "StandaloneApi.h"
 #include "units/UnitSystem.h"
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -28,6 +32,10 @@ public:
     const UnitSystem& units() const { return m_units; }
     const RuleBook& rules() const { return m_rules; }
     const PreVariableDefStore& variables() const { return m_variables; }
+    const ExprCBFuncStore& callbacks() const { return m_callbacks; }
+
+    /// The texts behind the variables, operators and callback functions: what the stores do not list.
+    const CatalogueDefinitions& catalogue() const { return m_catalogue; }
 
     /// Every problem, in the order of folders, files and lines.
     const std::vector<Finding>& problems() const { return m_problems; }
@@ -38,6 +46,9 @@ private:
     UnitSystem m_units;
     RuleBook m_rules;
     PreVariableDefStore m_variables;
+    ExprCBFuncStore m_callbacks;
+    std::deque<QclDocument> m_documents;    // to which the definitions of the catalogue point
+    CatalogueDefinitions m_catalogue;
     std::vector<Finding> m_problems;
 };
 

@@ -44,11 +44,6 @@ void Analysis::run(std::string_view p_text)
     Operand operand;
     if (!whole(operand))
         return;
-    if (m_unresolved)
-    {
-        m_result.error = std::move(m_unresolved);
-        return;
-    }
     if (!operand.plain)
         m_result.dims = withoutRounding(operand.dims);
     if (operand.constant)

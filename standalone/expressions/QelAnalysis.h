@@ -115,7 +115,6 @@ private:
     bool failDims(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failExpected(const char* p_at, std::string_view p_expected);
     bool failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name, const char* p_begin);
-    void leaveUnresolved(const char* p_begin, const char* p_end, const std::string& p_message);
     QelError errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const;
     TextRange rangeOf(const char* p_begin, const char* p_end) const;
     std::string column(const char* p_at) const;
@@ -157,8 +156,7 @@ private:
     const char* m_offsetNumberEnd = nullptr;
     double m_offset = 0.0;
 
-    // A reference that no catalogue resolves. The text is read to its end all the same.
-    std::optional<QelError> m_unresolved;
+    bool m_dimsAreUnknown = false;    // behind an operator that no catalogue has
 
     std::unordered_map<const ModelTree::Parameter*, Known> m_known;
     std::unordered_set<std::string> m_seen;    // only where there are many variables

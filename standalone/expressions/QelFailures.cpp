@@ -51,10 +51,10 @@ bool Analysis::failBeyondLimit(const char* p_begin, const char* p_end, const std
     return fail(p_begin, p_end, p_message);
 }
 
-// Behind what no catalogue resolves, dimensions are not known, and an error in them would be none of the user's.
+// An unknown operator is left to the checks of variables. What its dimensions lead to is none of the user's errors.
 bool Analysis::failDims(const char* p_begin, const char* p_end, const std::string& p_message)
 {
-    return m_unresolved || fail(p_begin, p_end, p_message);
+    return m_dimsAreUnknown || fail(p_begin, p_end, p_message);
 }
 
 bool Analysis::failExpected(const char* p_at, std::string_view p_expected)
@@ -81,12 +81,6 @@ bool Analysis::failCycle(const ModelTree::Parameter& p_parameter, std::string_vi
                 (throughMonitorPoint ? "the expressions of monitor points form a cycle: "
                                      : "named expressions form a cycle: ") +
                     chainText(names) + "; expected an expression that does not refer to itself");
-}
-
-void Analysis::leaveUnresolved(const char* p_begin, const char* p_end, const std::string& p_message)
-{
-    if (!m_quiet && !m_unresolved)
-        m_unresolved = errorAt(p_begin, p_end, p_message);
 }
 
 QelError Analysis::errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const

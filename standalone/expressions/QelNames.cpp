@@ -1,6 +1,7 @@
 #include "expressions/QelNames.h"
 
 #include "DataError.h"
+#include "ExprCBFuncStore.h"
 #include "PreVariableDefStore.h"
 
 #include "expressions/QelErrors.h"
@@ -154,6 +155,32 @@ const ModelTree::Parameter* Names::namedExpression(std::string_view p_name) cons
     return expressions ? expressions->find(p_name) : nullptr;
 }
 
+std::optional<UnitDimensions> Names::operatorDims(std::string_view p_operator)
+{
+    m_name.assign(p_operator);
+    if (!m_world.variables || !m_world.units || !m_world.variables->hasOperator(m_name))
+        return std::nullopt;
+    const std::string modifier = m_world.variables->getOperatorDimensionModifier(m_name);
+    const std::string_view units = std::string_view(modifier).substr(1, modifier.size() - 2);
+    const std::optional<UnitValue> value = m_world.units->parse(units);
+    return value ? std::optional(value->dims) : std::nullopt;
+}
+
+const UnitDimensions* Names::callbackDims(std::string_view p_function)
+{
+    if (!m_world.callbacks)
+        return nullptr;
+    m_name.assign(p_function);
+    try
+    {
+        return &m_world.callbacks->getResultDim(m_name);
+    }
+    catch (const data::notFound&)    // the answer to a name that is none
+    {
+        return nullptr;
+    }
+}
+
 RootPlace findRoot(Names& p_names, std::string_view p_reference)
 {
     ComponentsFromTheRight components(p_reference);
@@ -175,11 +202,5 @@ RootPlace findRoot(Names& p_names, std::string_view p_reference)
     }
     return {};
 }
-
-// The store of definitions holds no operators yet.
-std::optional<UnitDimensions> operatorDims(const World&, std::string_view) { return std::nullopt; }
-
-// No store of callback functions exists yet.
-std::optional<UnitDimensions> callbackDims(const World&, std::string_view) { return std::nullopt; }
 
 }    // namespace qen::standalone::qel

@@ -39,6 +39,12 @@ public:
     /// The parameter that holds a named expression; null when there is none of that name.
     const ModelTree::Parameter* namedExpression(std::string_view p_name) const;
 
+    /// The dimensions by which an operator multiplies those of its variable; none where no catalogue has it.
+    std::optional<UnitDimensions> operatorDims(std::string_view p_operator);
+
+    /// The dimensions by which a callback function multiplies those of its argument; null where no catalogue has it.
+    const UnitDimensions* callbackDims(std::string_view p_function);
+
 private:
     const ModelTree::Object* additionalVariable(std::string_view p_name) const;
     bool variableDims(UnitDimensions& p_dims, std::string& p_problem) const;
@@ -59,11 +65,5 @@ struct RootPlace {
 /// Finds the root: the last component but one if that is a known root, else the last, else the first known one from
 /// the right. Leaves @p p_names at the root.
 RootPlace findRoot(Names& p_names, std::string_view p_reference);
-
-/// The dimensions by which an operator multiplies those of its variable; none while no catalogue says so.
-std::optional<UnitDimensions> operatorDims(const World& p_world, std::string_view p_operator);
-
-/// The dimensions by which a callback function multiplies those of its argument; none while no catalogue says so.
-std::optional<UnitDimensions> callbackDims(const World& p_world, std::string_view p_function);
 
 }    // namespace qen::standalone::qel

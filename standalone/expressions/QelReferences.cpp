@@ -165,12 +165,10 @@ bool Analysis::variable(const RootPlace& p_root, Operand& p_operand, const char*
 
     if (p_root.suffix.empty())
         return true;
-    const std::optional<UnitDimensions> dims = operatorDims(m_world, p_root.suffix);
+    const std::optional<UnitDimensions> dims = m_names.operatorDims(p_root.suffix);
     if (!dims)
     {
-        leaveUnresolved(p_begin, m_at,
-                        "the operator " + quoted(p_root.suffix) + " behind " + quoted(p_root.root) +
-                            " cannot be resolved: no catalogue of operators is loaded");
+        m_dimsAreUnknown = true;
         return true;
     }
     Operand modifier;
@@ -283,16 +281,12 @@ bool Analysis::callback(const Component& p_function, Operand& p_operand, const c
     if (!argumentText.empty() && !argument(argumentText, locator, argumentOperand))
         return false;
     p_operand.constant = false;
-    const std::optional<UnitDimensions> dims = callbackDims(m_world, p_function.name);
+    const UnitDimensions* const dims = m_names.callbackDims(p_function.name);
     if (!dims)
-    {
-        leaveUnresolved(
-            p_begin, functionEnd,
-            "the function " + quoted(p_function.name) +
-                " is none of mathematics and cannot be resolved: no catalogue of callback functions "
-                "is loaded");
-        return true;
-    }
+        return m_quiet ||
+               fail(p_begin, functionEnd,
+                    "the function " + quoted(p_function.name) +
+                        " is not known; expected a function of mathematics or a callback function");
     setDims(p_operand, *dims);
     return multiplyDims(p_operand, argumentOperand, 1.0F) ||
            failBeyondLimit(p_begin, m_at, "an exponent of the dimensions is beyond the limit");

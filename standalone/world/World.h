@@ -7,6 +7,7 @@
 
 namespace qen {
 class ErrorMsg;
+class ExprCBFuncStore;
 class PreVariableDefStore;
 }
 
@@ -21,6 +22,7 @@ class UnitSystem;
 struct QEN_STANDALONE_API World {
     const UnitSystem* units = nullptr;
     const PreVariableDefStore* variables = nullptr;
+    const ExprCBFuncStore* callbacks = nullptr;
     const RuleBook* rules = nullptr;
     const ModelTree* model = nullptr;
 

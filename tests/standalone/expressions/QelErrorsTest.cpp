@@ -140,13 +140,11 @@ INSTANTIATE_TEST_SUITE_P(Names, BadExpression, ::testing::Values(
     BadCase {"Cycle", "First", "In the named expression 'Second', column 5: named expressions form a cycle: 'First -> Second -> First'; expected an expression that does not refer to itself.", 0, 5}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(Unresolved, BadExpression, ::testing::Values(
-    BadCase {"Operator", "1 [m] + Velocity{x}.Gradient{y}", "Column 9: the operator 'Gradient' behind 'Velocity' cannot be resolved: no catalogue of operators is loaded.", 8, 23},
-    BadCase {"Callback", "2 * average@Inlet(Pressure)", "Column 5: the function 'average' is none of mathematics and cannot be resolved: no catalogue of callback functions is loaded.", 4, 7},
-    BadCase {"CallbackWithoutLocator", "time()", "Column 1: the function 'time' is none of mathematics and cannot be resolved: no catalogue of callback functions is loaded.", 0, 4},
-    BadCase {"SyntaxComesFirst", "average@Inlet(Pressure) + ", "Column 27: expected a number, a name, a sign or '(', but found the end of the expression.", 26, 0},
-    BadCase {"UnknownNameComesFirst", "average@Inlet(Pressure) + Foo", "Column 27: 'Foo' is not known; expected a variable, an additional variable, a constant or a named expression.", 26, 3},
-    BadCase {"DimensionsDoNotCount", "average@Inlet(Pressure) + 1 [m]", "Column 1: the function 'average' is none of mathematics and cannot be resolved: no catalogue of callback functions is loaded.", 0, 7},
+INSTANTIATE_TEST_SUITE_P(CallbackFunctions, BadExpression, ::testing::Values(
+    BadCase {"Unknown", "2 * mean@Inlet(Pressure)", "Column 5: the function 'mean' is not known; expected a function of mathematics or a callback function.", 4, 4},
+    BadCase {"UnknownWithoutLocator", "time()", "Column 1: the function 'time' is not known; expected a function of mathematics or a callback function.", 0, 4},
+    BadCase {"MathematicsAtALocator", "sin@Inlet(theta)", "Column 1: the function 'sin' is not known; expected a function of mathematics or a callback function.", 0, 3},
+    BadCase {"DimensionsOfResult", "1 [m] + area@Wall()", "Column 1: the operands of '+' in column 7 have the dimensions 'm' and 'm^2'; expected equal ones.", 0, 19},
     BadCase {"SeveralComponents", "Water.force@Wall()", "Column 1: the callback function 'Water.force' has several components; expected a single name in front of '@'.", 0, 11},
     BadCase {"NoArgument", "average@Inlet", "Column 1: the callback function 'average' has no argument; expected '(' behind the locator.", 0, 13},
     BadCase {"ArgumentLeftOpen", "average@Inlet(f(1)", "Column 14: '(' in the argument of a callback function is not closed; expected ')'.", 13, 5},

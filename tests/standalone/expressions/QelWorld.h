@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ExprCBFuncStore.h"
 #include "PreVariableDefStore.h"
 
 #include "expressions/QelExpression.h"
@@ -14,7 +15,8 @@
 
 namespace qen::standalone::test {
 
-/// A small world that stays as it is whatever is shipped: a few units, variables and additional variables.
+/// A small world that stays as it is whatever is shipped: a few units, variables, operators, callback functions and
+/// additional variables.
 class QelWorld {
 public:
     QelWorld()
@@ -43,7 +45,43 @@ public:
 
         world.units = &units;
         world.variables = &variables;
+        world.callbacks = &callbacks;
         world.model = &model;
+        addFunctions();
+    }
+
+    void addFunctions()
+    {
+        // Their units are read through the world that is installed.
+        const WorldScope scope(world);
+        variables.addVariableOperatorDefinition("Gradient",
+                                                {{"Tensor Type", "VECTOR"},
+                                                 {"Long Name", "grad"},
+                                                 {"Dimensions Modifier", "[m^-1]"},
+                                                 {"Component Short Names", "gx, gy, gz"},
+                                                 {"Component Long Names", "grad x, grad y, grad z"}});
+        variables.addVariableOperatorDefinition("Mean",
+                                                {{"Tensor Type", "SCALAR"}, {"Long Name", "Time Mean"}});
+        variables.addVariableOperatorDefinition(
+            "Rate",
+            {{"Tensor Type", "SCALAR"}, {"Long Name", "Time Rate"}, {"Dimensions Modifier", "[s^-1]"}});
+        callback("average", "[]");
+        callback("probe", "[]");
+        callback("sum", "[]");
+        callback("count", "[]");
+        callback("rbstate", "[]");
+        callback("area", "[m^2]");
+        callback("areaIntegral", "[m^2]");
+        callback("force", "[kg m s^-2]");
+    }
+
+    void callback(const std::string& p_name, const std::string& p_resultUnits)
+    {
+        callbacks.addCBDefinition(p_name, {{"Result Units", p_resultUnits},
+                                           {"Number of Arguments", "1"},
+                                           {"CallBack Type", "Scalar"},
+                                           {"Tensor Type", "SCALAR"},
+                                           {"Locator Dimension", "Surface"}});
     }
 
     void variable(const std::string& p_name, const std::string& p_quantity,
@@ -81,6 +119,7 @@ public:
 
     UnitSystem units;
     PreVariableDefStore variables;
+    ExprCBFuncStore callbacks;
     ModelTree model;
     World world;
 

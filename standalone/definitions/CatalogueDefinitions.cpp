@@ -1,0 +1,218 @@
+#include "definitions/CatalogueDefinitions.h"
+
+#include "text/NearestName.h"
+#include "world/World.h"
+
+#include "Error.h"
+#include "ErrorReporter.h"
+#include "QCLPath.h"
+#include "StringUtilities.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+
+namespace qen::standalone {
+namespace {
+
+constexpr std::array<std::string_view, 18> k_variableKeys {
+    "Component Long Names",
+    "Component Short Names",
+    "Field Variable",
+    "General Availability",
+    "Long Name",
+    "Old Component Long Names",
+    "Old Component Short Names",
+    "Old Long Name",
+    "Old Short Name",
+    "Output to Postprocessor",
+    "Physical Availability",
+    "Quantity",
+    "Status",
+    "Tensor Type",
+    "Under Relaxation Factor",
+    "User Level",
+    "Variable Class",
+    "Variable Scope",
+};
+
+constexpr std::array<std::string_view, 6> k_operatorKeys {
+    "Component Long Names", "Component Short Names", "Dimensions Modifier", "Long Name",
+    "QEL Availability",     "Tensor Type",
+};
+
+constexpr std::array<std::string_view, 5> k_callbackKeys {
+    "CallBack Type", "Locator Dimension", "Number of Arguments", "Result Units", "Tensor Type",
+};
+
+constexpr std::array<DefinitionForm, static_cast<std::size_t>(DefinitionKind::Count)> k_forms {{
+    {DefinitionKind::Variable, "VARIABLE", k_variableKeys},
+    {DefinitionKind::Operator, "VARIABLE OPERATOR", k_operatorKeys},
+    {DefinitionKind::CallbackFunction, "CALLBACK FUNCTION", k_callbackKeys},
+}};
+
+/// The kind of a section; `Count` where its path is that of no definition.
+DefinitionKind kindOf(const QCLPath& p_path)
+{
+    if (p_path.size() != 1 || p_path.getLastName().empty())
+        return DefinitionKind::Count;
+    const std::string type = p_path.getLastType();
+    const auto* const form = std::find_if(k_forms.begin(), k_forms.end(),
+                                          [&](const DefinitionForm& p_form) { return p_form.type == type; });
+    return form == k_forms.end() ? DefinitionKind::Count : form->kind;
+}
+
+std::string expectedSections()
+{
+    std::string text;
+    for (const DefinitionForm& form : k_forms)
+    {
+        if (!text.empty())
+            text += form.kind == k_forms.back().kind ? " or " : ", ";
+        text.append("'/").append(form.type).append(":name'");
+    }
+    return text;
+}
+
+void checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_problems)
+{
+    const std::span<const std::string_view> keys = formOf(p_definition.kind).keys;
+    for (const QclParameter& parameter : p_definition.section->parameters)
+    {
+        if (std::find(keys.begin(), keys.end(), parameter.name) != keys.end())
+            continue;
+        std::string message =
+            "Unknown key '" + parameter.name + "' in the definition '" + p_definition.section->path + "'.";
+        const std::string nearest = nearestName(parameter.name, {keys.begin(), keys.end()});
+        if (!nearest.empty())
+            message += " Did you mean '" + nearest + "'?";
+        p_problems.push_back(toFinding({Severity::Error, "unknown-definition-key", std::move(message),
+                                        parameter.place, static_cast<std::uint32_t>(parameter.name.size())},
+                                       *p_definition.document));
+    }
+}
+
+std::map<std::string, std::string> parametersOf(const QclObject& p_section)
+{
+    std::map<std::string, std::string> parameters;
+    for (const QclParameter& parameter : p_section.parameters)
+        parameters.emplace(parameter.name, parameter.value);
+    return parameters;
+}
+
+void addTo(PreVariableDefStore& p_variables, ExprCBFuncStore& p_callbacks,
+           const CatalogueDefinition& p_definition)
+{
+    const std::map<std::string, std::string> parameters = parametersOf(*p_definition.section);
+    switch (p_definition.kind)
+    {
+    case DefinitionKind::Variable:
+        p_variables.addVariableDefinition(p_definition.name, parameters);
+        break;
+    case DefinitionKind::Operator:
+        p_variables.addVariableOperatorDefinition(p_definition.name, parameters);
+        break;
+    case DefinitionKind::CallbackFunction:
+        p_callbacks.addCBDefinition(p_definition.name, parameters);
+        break;
+    case DefinitionKind::Count:
+        break;
+    }
+}
+
+}    // namespace
+
+const DefinitionForm& formOf(DefinitionKind p_kind) { return k_forms[static_cast<std::size_t>(p_kind)]; }
+
+std::string_view CatalogueDefinition::text(std::string_view p_key) const
+{
+    const QclParameter* const parameter = section->find(p_key);
+    return parameter ? std::string_view(parameter->value) : std::string_view();
+}
+
+std::vector<std::string> CatalogueDefinition::list(std::string_view p_key) const
+{
+    return StringUtilities::stringToVector(std::string(text(p_key)), ',');
+}
+
+Finding CatalogueDefinition::finding(Severity p_severity, std::string p_identifier,
+                                     std::string p_message) const
+{
+    return toFinding({p_severity, std::move(p_identifier), std::move(p_message), section->place,
+                      static_cast<std::uint32_t>(section->path.size())},
+                     *document);
+}
+
+Finding CatalogueDefinition::findingAt(std::string_view p_key, Severity p_severity, std::string p_identifier,
+                                       std::string p_message) const
+{
+    const QclParameter* const parameter = section->find(p_key);
+    if (!parameter)
+        return finding(p_severity, std::move(p_identifier), std::move(p_message));
+    return toFinding({p_severity, std::move(p_identifier), std::move(p_message), parameter->placeInValue(0),
+                      static_cast<std::uint32_t>(parameter->value.size())},
+                     *document);
+}
+
+void CatalogueDefinitions::add(const QclDocument& p_document)
+{
+    for (const QclObject& section : p_document.objects)
+    {
+        const QCLPath path(section.path);
+        const DefinitionKind kind = kindOf(path);
+        m_sections.push_back({{kind, path.getLastName(), &p_document, &section}});
+        if (kind == DefinitionKind::Count)
+            continue;
+
+        const std::size_t latest = m_sections.size() - 1;
+        const auto [known, isNew] = m_byName.try_emplace({kind, path.getLastName()}, latest);
+        if (!isNew)
+            m_sections[std::exchange(known->second, latest)].isReplaced = true;
+    }
+}
+
+void CatalogueDefinitions::load(PreVariableDefStore& p_variables, ExprCBFuncStore& p_callbacks,
+                                std::vector<Finding>& p_problems) const
+{
+    for (const auto& [definition, isReplaced] : m_sections)
+    {
+        if (definition.kind == DefinitionKind::Count)
+        {
+            p_problems.push_back(definition.finding(Severity::Error, "unknown-definition",
+                                                    "'" + definition.section->path +
+                                                        "' defines nothing that is known here. Expected " +
+                                                        expectedSections() + "."));
+            continue;
+        }
+        checkKeys(definition, p_problems);
+        if (isReplaced)
+            continue;
+
+        const CatalogueDefinition& reported = definition;
+        World world = currentWorld();
+        world.onReport = [&](const ErrorMsg& p_message) {
+            p_problems.push_back(
+                reported.finding(Severity::Warning, "definition-warning", p_message.getMessage()));
+        };
+        const WorldScope scope(world);
+        try
+        {
+            addTo(p_variables, p_callbacks, definition);
+        }
+        catch (const Error& error)
+        {
+            p_problems.push_back(definition.finding(Severity::Error, "definition-error", error.getMessage()));
+        }
+    }
+}
+
+std::vector<CatalogueDefinition> CatalogueDefinitions::all() const
+{
+    std::vector<CatalogueDefinition> definitions;
+    for (const auto& [definition, isReplaced] : m_sections)
+        if (definition.kind != DefinitionKind::Count && !isReplaced)
+            definitions.push_back(definition);
+    return definitions;
+}
+
+}    // namespace qen::standalone
