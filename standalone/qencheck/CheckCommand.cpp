@@ -8,14 +8,14 @@
 #include "qcl/QclProblems.h"
 #include "qcl/QclReader.h"
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-#include <string_view>
-
-#include <unistd.h>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace qencheck {
 
@@ -29,15 +29,16 @@ using qen::standalone::Severity;
 
 namespace {
 
-Colour colourOf(const std::string& p_choice)
-{
-    if (p_choice != "auto")
-        return p_choice == "always" ? Colour::On : Colour::Off;
+constexpr const char* k_checkExample = R"(
+Example:
+  qencheck check pump.qcl
 
-    const char* noColour = std::getenv("NO_COLOR");
-    const bool forbidden = noColour && *noColour;
-    return !forbidden && isatty(STDOUT_FILENO) == 1 ? Colour::On : Colour::Off;
-}
+  pump.qcl:9:9: error: Invalid units ('m') set for parameter 'Speed' in object '/FLOW:Pump/...'.
+  Expected units: 'm s^-1'. [wrong-units]
+      9 | Speed = 2 [m]
+        |         ^~~~~
+
+Exit status: 0 nothing found, or warnings only; 1 errors found; 2 could not check.)";
 
 ExitStatus statusOf(const CaseReport& p_report)
 {
@@ -79,11 +80,9 @@ ExitStatus checkOne(const std::string& p_caseFile, const Definitions& p_definiti
     return couldNotBeRead(document) ? k_couldNotCheck : statusOf(report);
 }
 
-}    // namespace
-
 ExitStatus runCheck(const std::vector<std::string>& p_caseFiles, const Options& p_options)
 {
-    const TextReport text(stdout, colourOf(p_options.colour));
+    const TextReport text(stdout, p_options.colour);
 
     const Definitions definitions(
         qen::standalone::definitionFolders(p_options.definitionFolders, p_options.executable));
@@ -104,6 +103,17 @@ ExitStatus runCheck(const std::vector<std::string>& p_caseFiles, const Options& 
         return k_couldNotCheck;
     }
     return worst;
+}
+
+}    // namespace
+
+Subcommand addCheckCommand(CLI::App& p_command)
+{
+    CLI::App* const arguments = p_command.add_subcommand("check", "Check the parameters of cases");
+    const auto caseFiles = std::make_shared<std::vector<std::string>>();
+    arguments->add_option("CASE", *caseFiles, "Case files (.qcl)")->required();
+    arguments->footer(k_checkExample);
+    return {arguments, [caseFiles](const Options& p_options) { return runCheck(*caseFiles, p_options); }};
 }
 
 }    // namespace qencheck

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "ExitStatus.h"
-#include "Options.h"
-
-#include <string>
-#include <vector>
+#include "Subcommand.h"
 
 namespace qencheck {
 
 /// `qencheck check`: checks each case and reports on standard output.
-ExitStatus runCheck(const std::vector<std::string>& p_caseFiles, const Options& p_options);
+Subcommand addCheckCommand(CLI::App& p_command);
 
 }    // namespace qencheck

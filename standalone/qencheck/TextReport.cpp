@@ -5,6 +5,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdlib>
+
+#include <unistd.h>
 
 namespace qencheck {
 
@@ -60,7 +63,21 @@ std::string counted(std::size_t p_count, const char* p_word)
     return fmt::format("{} {}{}", p_count, p_word, p_count == 1 ? "" : "s");
 }
 
+Colour colourOf(std::FILE* p_stream, const std::string& p_choice)
+{
+    if (p_choice != "auto")
+        return p_choice == "always" ? Colour::On : Colour::Off;
+
+    const char* noColour = std::getenv("NO_COLOR");
+    const bool forbidden = noColour && *noColour;
+    return !forbidden && isatty(fileno(p_stream)) == 1 ? Colour::On : Colour::Off;
+}
+
 }    // namespace
+
+TextReport::TextReport(std::FILE* p_stream, const std::string& p_colour)
+    : TextReport(p_stream, colourOf(p_stream, p_colour))
+{}
 
 void TextReport::write(const std::vector<Finding>& p_findings) const
 {

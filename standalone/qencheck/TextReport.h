@@ -17,6 +17,9 @@ class TextReport {
 public:
     TextReport(std::FILE* p_stream, Colour p_colour) : m_stream(p_stream), m_colour(p_colour) {}
 
+    /// @param p_colour  "always", "never", or "auto": on a terminal, unless the environment has NO_COLOR.
+    TextReport(std::FILE* p_stream, const std::string& p_colour);
+
     void write(const std::vector<qen::standalone::Finding>& p_findings) const;
 
     /// The closing line of one case.

@@ -1,27 +1,17 @@
 #include "CheckCommand.h"
 #include "ExitStatus.h"
 #include "Options.h"
+#include "Subcommand.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <string>
 #include <vector>
 
 namespace {
-
-constexpr const char* k_checkExample = R"(
-Example:
-  qencheck check pump.qcl
-
-  pump.qcl:9:9: error: Invalid units ('m') set for parameter 'Speed' in object '/FLOW:Pump/...'.
-  Expected units: 'm s^-1'. [wrong-units]
-      9 | Speed = 2 [m]
-        |         ^~~~~
-
-Exit status: 0 nothing found, or warnings only; 1 errors found; 2 could not check.)";
 
 void addCommonOptions(CLI::App& p_command, qencheck::Options& p_options)
 {
@@ -47,11 +37,11 @@ int main(int p_argc, char** p_argv)
     qencheck::Options options;
     options.executable = "/proc/self/exe";
 
-    std::vector<std::string> caseFiles;
-    CLI::App* check = app.add_subcommand("check", "Check the parameters of cases");
-    check->add_option("CASE", caseFiles, "Case files (.qcl)")->required();
-    check->footer(k_checkExample);
-    addCommonOptions(*check, options);
+    const std::vector<qencheck::Subcommand> subcommands {
+        qencheck::addCheckCommand(app),
+    };
+    for (const qencheck::Subcommand& subcommand : subcommands)
+        addCommonOptions(*subcommand.arguments, options);
 
     try
     {
@@ -64,7 +54,10 @@ int main(int p_argc, char** p_argv)
 
     try
     {
-        return qencheck::runCheck(caseFiles, options);
+        const auto chosen = std::find_if(
+            subcommands.begin(), subcommands.end(),
+            [](const qencheck::Subcommand& p_subcommand) { return p_subcommand.arguments->parsed(); });
+        return chosen->run(options);
     }
     catch (const std::exception& error)
     {
