@@ -23,7 +23,7 @@ bool isOneOf(const std::string& p_value, const std::vector<std::string>& p_texts
 
 bool PhysicsEvaluation::holds(const PhysicsQuery& p_query, const std::string& p_objectPath)
 {
-    if (!takeStep())
+    if (!takeStep() || p_query.conditions.empty())
         return false;
     const auto conditionHolds = [&](const PhysicsCondition& p_condition) {
         return holds(p_condition, p_objectPath);

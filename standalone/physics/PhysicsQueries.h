@@ -26,7 +26,7 @@ struct PhysicsPlace {
 
 /// What must hold at a place of the model. Optional keys that no section gives are empty.
 struct PhysicsCondition {
-    std::string name;    ///< of its section; empty for the one in the query's own section
+    std::string name;      ///< of its section; empty for the one in the query's own section
     PhysicsPlace place;    ///< of its latest section
 
     std::optional<ObjectPattern> object;
@@ -41,7 +41,8 @@ struct PhysicsCondition {
     std::optional<std::size_t> atMost;
     bool negate = false;
 
-    const PhysicsQuery* asked = nullptr;    ///< the query of that name; null when there is none that can be asked
+    const PhysicsQuery* asked =
+        nullptr;    ///< the query of that name; null when there is none that can be asked
 };
 
 enum class PhysicsAnswer { All, Any, List };
