@@ -6,7 +6,7 @@
 namespace qen::expected {
 
 /// The class of the exception that a message is thrown as.
-enum class Thrown { Error, Warning, Bounds, Units, DynamicQuantity, DataError };
+enum class Thrown { Error, Warning, Bounds, Units, DynamicQuantity, DataError, Name };
 
 struct Message {
     const char* identifier;
@@ -202,6 +202,11 @@ inline constexpr std::array k_messages {std::to_array<Message>({
      "Value of '%1' in object '%2', '%3', violates its upper bound, '%4'."},
     {"invalid-bound", Thrown::DataError, 1, 1, 0,
      "The lower or upper bound value for parameter '%1' has been specified with invalid units."},
+    {"variable-syntax", Thrown::Name, 1, 0, 0,
+     "Variable '%1' does not match allowed syntax."},
+    {"root-position", Thrown::Name, 2, 0, 0,
+     "The 'root' name '%1' does not appear in a valid position in variable name '%2'.\nIt must be either the "
+     "penultimate or the last '.'-separated component of the full name."},
     // clang-format on
 })};
 

@@ -1,5 +1,6 @@
 #include "CheckMessages.h"
 #include "DataError.h"
+#include "ExpressionsError.h"
 
 #include "DimExprChecker/DimExprErrors.h"
 #include "DimExprChecker/ExpectedMessages.h"
@@ -50,10 +51,30 @@ const std::type_info& classOf(Thrown p_thrown)
         return typeid(DimExprErrors::dynamic_quant_error);
     case Thrown::DataError:
         return typeid(data::error);
+    case Thrown::Name:
+        return typeid(expressions::name);
     case Thrown::Error:
         break;
     }
     return typeid(DimExprErrors::dxerror);
+}
+
+struct Origin {
+    const char* className;
+    const char* method;
+};
+
+Origin originOf(Thrown p_thrown)
+{
+    switch (p_thrown)
+    {
+    case Thrown::DataError:
+        return {"DimExprChecker", "extractBoundValue"};
+    case Thrown::Name:
+        return {"SplitVariableName", "SplitVariableName"};
+    default:
+        return {"DimExprChecker", "checkParam"};
+    }
 }
 
 /// The catalogue's row with that text.
@@ -126,9 +147,8 @@ TEST_P(CatalogueMessage, IsThrownAsItsClassWithItsPlaceholdersFilled)
     {
         EXPECT_STREQ(typeid(thrown).name(), classOf(GetParam().thrown).name());
         EXPECT_EQ(thrown.getMessage(), text);
-        EXPECT_EQ(thrown.getClass(), "DimExprChecker");
-        EXPECT_EQ(thrown.getMethod(),
-                  GetParam().thrown == Thrown::DataError ? "extractBoundValue" : "checkParam");
+        EXPECT_EQ(thrown.getClass(), originOf(GetParam().thrown).className);
+        EXPECT_EQ(thrown.getMethod(), originOf(GetParam().thrown).method);
         EXPECT_EQ(static_cast<int>(thrown.getType()), 4);
     }
 }
@@ -136,7 +156,7 @@ TEST_P(CatalogueMessage, IsThrownAsItsClassWithItsPlaceholdersFilled)
 INSTANTIATE_TEST_SUITE_P(AllTexts, CatalogueMessage, testing::ValuesIn(expected::k_messages),
                          [](const auto& p_info) { return camelCase(p_info.param.identifier); });
 
-TEST(MessageCatalogue, HoldsNothingElse) { EXPECT_EQ(CheckMessages::all().size(), 63U); }
+TEST(MessageCatalogue, HoldsNothingElse) { EXPECT_EQ(CheckMessages::all().size(), 65U); }
 
 TEST(MessageCatalogue, OnlyTheParameterNameClashIsAWarning)
 {

@@ -4,6 +4,7 @@
 #include "DimExprErrors.h"
 
 #include "DataError.h"
+#include "ExpressionsError.h"
 
 #include <algorithm>
 
@@ -43,6 +44,8 @@ void raiseRow(const Row& p_row, const std::vector<std::string>& p_values)
         throw DimExprErrors::dynamic_quant_error(text);
     case Raises::InvalidBound:
         throw data::error("DimExprChecker", "extractBoundValue", text, ErrorTypeError);
+    case Raises::Name:
+        throw expressions::name("SplitVariableName", "SplitVariableName", text, ErrorTypeError);
     case Raises::Error:
         break;
     }

@@ -77,11 +77,14 @@ enum class Msg {
     BelowLowerBound,
     AboveUpperBound,
     InvalidBound,
+    VariableSyntax,
+    RootPosition,
     Count
 };
 
-/// What a row is thrown as. InvalidBound goes to the host as a fault of its rules; the rest become records.
-enum class Raises { Error, Warning, Bounds, Units, DynamicQuantity, InvalidBound };
+/// What a row is thrown as. InvalidBound goes to the host as a fault of its rules; the rest become records. A Name
+/// cannot be split, and is not the checker's own exception.
+enum class Raises { Error, Warning, Bounds, Units, DynamicQuantity, InvalidBound, Name };
 
 struct Row {
     Msg id;
@@ -406,6 +409,15 @@ inline constexpr std::array<Row, static_cast<std::size_t>(Msg::Count)> k_catalog
     {Msg::InvalidBound, "invalid-bound", Raises::InvalidBound,
      "The lower or upper bound value for parameter '%1' has been specified with invalid units.",
      {"parameter"}},
+
+    {Msg::VariableSyntax, "variable-syntax", Raises::Name,
+     "Variable '%1' does not match allowed syntax.",
+     {"variable"}},
+
+    {Msg::RootPosition, "root-position", Raises::Name,
+     "The 'root' name '%1' does not appear in a valid position in variable name '%2'.\nIt must be either "
+     "the penultimate or the last '.'-separated component of the full name.",
+     {"root", "variable"}},
     // clang-format on
 }};
 

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qen {
+
+/// The variables that a parameter may depend on, by short name. Must not outlive the list that it is made of.
+class AllowedNames {
+public:
+    // Deliberate: only one shorthand stands for others. Where both are listed it is "XYZT", and "XYZ" stays a name like
+    // any other. Held by GeneralAvailability.TakesXyzForANameBesideXyzt.
+    explicit AllowedNames(const std::vector<std::string>& p_list) : m_names(p_list.begin(), p_list.end())
+    {
+        if (m_names.erase("XYZT") != 0)
+            m_coordinates = k_coordinatesAndTime;
+        else if (m_names.erase("XYZ") != 0)
+            m_coordinates = std::span(k_coordinatesAndTime).first(k_coordinatesAndTime.size() - 1);
+    }
+
+    bool contains(std::string_view p_shortName) const
+    {
+        return m_names.contains(p_shortName) ||
+               std::ranges::find(m_coordinates, p_shortName) != m_coordinates.end();
+    }
+
+private:
+    /// What "XYZT" stands for; "XYZ" stands for all but the last.
+    static constexpr std::array<std::string_view, 17> k_coordinatesAndTime {"x",
+                                                                            "y",
+                                                                            "z",
+                                                                            "r",
+                                                                            "theta",
+                                                                            "aaxis",
+                                                                            "raxis",
+                                                                            "taxis",
+                                                                            "subdomain",
+                                                                            "xGlobal",
+                                                                            "yGlobal",
+                                                                            "zGlobal",
+                                                                            "initcartcrd",
+                                                                            "initcartcrd x",
+                                                                            "initcartcrd y",
+                                                                            "initcartcrd z",
+                                                                            "t"};
+
+    std::set<std::string_view> m_names;
+    std::span<const std::string_view> m_coordinates;
+};
+
+}    // namespace qen
