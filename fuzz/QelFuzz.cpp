@@ -1,15 +1,13 @@
 /// @file
-/// Feeds the expression language. A small world stays the same: variables, additional variables, named expressions,
-/// monitor points, among them a cycle of each. Expressions must never crash it, and what is found lies within the text.
+/// Feeds the expression language. A small world stays the same: variables, operators, callback functions, additional
+/// variables, named expressions, monitor points, among them a cycle of each. Expressions must never crash it, and what
+/// is found lies within the text.
 
-#include "PreVariableDefStore.h"
+#include "QelWorld.h"
+
 #include "QELName.h"
 
 #include "expressions/QelExpression.h"
-#include "model/ModelTree.h"
-#include "qcl/QclReader.h"
-#include "units/UnitSystem.h"
-#include "world/World.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -22,62 +20,26 @@ namespace {
 
 using namespace qen::standalone;
 
-constexpr const char* k_units = R"([/BASE UNIT:kg]
-Dimension = Mass
-[/BASE UNIT:m]
-Dimension = Length
-[/BASE UNIT:s]
-Dimension = Time
-[/BASE UNIT:K]
-Dimension = Temperature
-[/BASE UNIT:rad]
-Dimension = Angle
-[/UNIT:C]
-Definition = K
-Offset = 273.15
-[/QUANTITY:Length]
-Units = m
-[/QUANTITY:Time]
-Units = s
-)";
+constexpr const char* k_pointP = "/FLOW:F/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:P";
+constexpr const char* k_pointQ = "/FLOW:F/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:Q";
+constexpr const char* k_pointPOfG = "/FLOW:G/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:P";
 
-constexpr const char* k_model = R"([/LIBRARY/QEL/EXPRESSIONS]
-A = 2 * r + B
-B = if(t > 1 [s], 1 [m], r)
-Loop = Pool
-Pool = Loop
-Bad = 1 +
-M = mean@P(Expression Value)
-[/LIBRARY/ADDITIONAL VARIABLE:D]
-Units = kg m^-3
-[/LIBRARY/ADDITIONAL VARIABLE:V]
-Units = m
-Tensor Type = VECTOR
-[/FLOW:F/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:P]
-Expression Value = r + A
-[/FLOW:F/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:Q]
-Expression Value = probe@Q(Expression Value)
-[/FLOW:G/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:P]
-Expression Value = t
-)";
-
-struct SmallWorld {
-    SmallWorld() : model(readQclText("model.qcl", k_model))
+/// The world of the expression language's tests, with names short enough to be found by chance.
+struct SmallWorld : test::QelWorld {
+    SmallWorld()
     {
-        Diagnostics problems;
-        units.addDefinitions(readQclText("units.qcl", k_units), problems);
-        variables.addVariableDefinition("r", {{"Quantity", "Length"}, {"Tensor Type", "SCALAR"}});
-        variables.addVariableDefinition("t", {{"Quantity", "Time"}, {"Tensor Type", "SCALAR"}});
-        variables.addVariableDefinition("Dye Mass", {{"Quantity", "None"}, {"Tensor Type", "SCALAR"}});
-        world.units = &units;
-        world.variables = &variables;
-        world.model = &model;
+        namedExpression("A", "2 * r + B");
+        namedExpression("B", "if(t > 1 [s], 1 [m], r)");
+        namedExpression("Loop", "Pool");
+        namedExpression("Pool", "Loop");
+        namedExpression("Bad", "1 +");
+        namedExpression("M", "average@P(Expression Value.Rate)");
+        additionalVariable("D", "kg m^-3");
+        additionalVariable("V", "m", "VECTOR");
+        model.setParameter(k_pointP, "Expression Value", "r + A");
+        model.setParameter(k_pointQ, "Expression Value", "probe@Q(Expression Value)");
+        model.setParameter(k_pointPOfG, "Expression Value", "t");
     }
-
-    UnitSystem units;
-    qen::PreVariableDefStore variables;
-    ModelTree model;
-    World world;
 };
 
 void require(bool p_holds)

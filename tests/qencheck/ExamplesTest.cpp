@@ -39,7 +39,8 @@ TEST_P(BrokenExample, GivesExactlyTheExpectedReportAndStatusOne)
     EXPECT_EQ(run.error, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Shipped, BrokenExample, testing::Values("pump-broken", "mixing-vessel-broken"));
+INSTANTIATE_TEST_SUITE_P(Shipped, BrokenExample,
+                         testing::Values("pump-broken", "mixing-vessel-broken", "expression-names-broken"));
 
 }    // namespace
 }    // namespace qencheck_test
