@@ -79,7 +79,8 @@ Definitions::Definitions(const std::vector<std::string>& p_folders)
     world.units = &m_units;
     const WorldScope scope(world);
 
-    addAll(m_rules, readFiles(k_rulesFile, p_folders, m_problems), m_problems);
+    m_ruleDocuments = readFiles(k_rulesFile, p_folders, m_problems);
+    addAll(m_rules, m_ruleDocuments, m_problems);
 
     m_documents = readFiles(k_variablesFile, p_folders, m_problems);
     for (const QclDocument& document : m_documents)

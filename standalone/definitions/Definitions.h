@@ -37,6 +37,9 @@ public:
     /// The texts behind the variables, operators and callback functions: what the stores do not list.
     const CatalogueDefinitions& catalogue() const { return m_catalogue; }
 
+    /// The texts behind the rules, in the order of folders, which tell where a rule stands.
+    const std::deque<QclDocument>& ruleDocuments() const { return m_ruleDocuments; }
+
     /// Every problem, in the order of folders, files and lines.
     const std::vector<Finding>& problems() const { return m_problems; }
 
@@ -47,6 +50,7 @@ private:
     RuleBook m_rules;
     PreVariableDefStore m_variables;
     ExprCBFuncStore m_callbacks;
+    std::deque<QclDocument> m_ruleDocuments;
     std::deque<QclDocument> m_documents;    // to which the definitions of the catalogue point
     CatalogueDefinitions m_catalogue;
     std::vector<Finding> m_problems;
