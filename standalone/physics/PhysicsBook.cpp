@@ -77,8 +77,12 @@ void PhysicsBook::visitLooks(const std::function<void(const Look& p_look)>& p_vi
         {
             if (!condition.object)
                 continue;
-            Look look {name, condition.object->text(), condition.parameter, condition.is,
-                       condition.logical.has_value()};
+            Look look {name,
+                       condition.object->text(),
+                       condition.parameter,
+                       condition.is,
+                       condition.logical.has_value(),
+                       condition.names ? condition.names->text() : std::string()};
             look.texts.insert(look.texts.end(), condition.isNot.begin(), condition.isNot.end());
             p_visit(look);
         }

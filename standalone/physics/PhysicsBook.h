@@ -49,7 +49,8 @@ public:
         std::string object;                ///< as in the definitions: "{DOMAIN}/BOUNDARY:*"
         std::string parameter;             ///< empty when it looks at the object alone
         std::vector<std::string> texts;    ///< with which the parameter is compared; empty for none
-        bool isLogical = false;            ///< whether the parameter is a logical one
+        bool isLogical = false;            ///< whether the parameter is read as a logical one
+        std::string names;                 ///< type of object that the parameter names; empty for none
     };
 
     /// Visits what the conditions of all queries look at, in the order of the queries' names.

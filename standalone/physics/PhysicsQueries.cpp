@@ -38,7 +38,7 @@ std::vector<std::string> PhysicsEvaluation::list(const PhysicsQuery& p_query, co
     std::vector<std::string> names;
     std::unordered_set<std::string> known;
     for (const PhysicsCondition& condition : p_query.conditions)
-        if (condition.object)
+        if (condition.object && holds(condition.onlyIf, p_objectPath))
             condition.object->visit(p_objectPath, m_model, [&](const std::string& p_path) {
                 if (!takeStep())
                     return false;
@@ -51,13 +51,21 @@ std::vector<std::string> PhysicsEvaluation::list(const PhysicsQuery& p_query, co
     return names;
 }
 
+bool PhysicsEvaluation::holds(const AskedQuery& p_asked, const std::string& p_objectPath)
+{
+    return p_asked.name.empty() || (p_asked.query && holds(*p_asked.query, p_objectPath));
+}
+
 bool PhysicsEvaluation::holds(const PhysicsCondition& p_condition, const std::string& p_objectPath)
 {
+    if (!holds(p_condition.onlyIf, p_objectPath))
+        return false;
+
     std::size_t count = 0;
     const std::size_t least = p_condition.atLeast.value_or(p_condition.atMost ? 0 : 1);
     const std::size_t enough = p_condition.atMost ? *p_condition.atMost + 1 : least;
     if (!p_condition.object)
-        count = p_condition.asked && holds(*p_condition.asked, p_objectPath) ? 1 : 0;
+        count = holds(p_condition.query, p_objectPath) ? 1 : 0;
     else
         p_condition.object->visit(p_objectPath, m_model, [&](const std::string& p_path) {
             if (!takeStep())
@@ -89,7 +97,7 @@ bool PhysicsEvaluation::holdsAt(const PhysicsCondition& p_condition, const std::
         if (p_condition.names)
             return namesOneThatFits(p_condition, p_path, value);
     }
-    return p_condition.query.empty() || (p_condition.asked && holds(*p_condition.asked, p_path));
+    return holds(p_condition.query, p_path);
 }
 
 bool PhysicsEvaluation::namesOneThatFits(const PhysicsCondition& p_condition, const std::string& p_path,
@@ -99,8 +107,8 @@ bool PhysicsEvaluation::namesOneThatFits(const PhysicsCondition& p_condition, co
     for (const std::string& name : StringUtilities::splitValue(p_value, ','))
         p_condition.names->visit(p_path, m_model, [&](const std::string& p_objects) {
             const std::string named = p_objects + ":" + name;
-            isFound = takeStep() && !name.empty() && m_model.objectExists(named) &&
-                      (p_condition.query.empty() || (p_condition.asked && holds(*p_condition.asked, named)));
+            isFound =
+                takeStep() && !name.empty() && m_model.objectExists(named) && holds(p_condition.query, named);
             return !isFound;
         });
     return isFound;

@@ -24,6 +24,13 @@ struct PhysicsPlace {
     std::uint32_t length = 0;
 };
 
+/// A query that a condition asks.
+struct AskedQuery {
+    std::string name;    ///< empty for none
+    PhysicsPlace place;
+    const PhysicsQuery* query = nullptr;    ///< null when there is none of that name that can be asked
+};
+
 /// What must hold at a place of the model. Optional keys that no section gives are empty.
 struct PhysicsCondition {
     std::string name;      ///< of its section; empty for the one in the query's own section
@@ -35,8 +42,8 @@ struct PhysicsCondition {
     std::vector<std::string> isNot;
     std::optional<bool> logical;
     std::optional<ObjectPattern> names;    ///< without the name, which the parameter's value gives
-    std::string query;
-    PhysicsPlace queryPlace;
+    AskedQuery query;                      ///< at each object
+    AskedQuery onlyIf;                     ///< at the object at which this condition is asked
     std::optional<std::size_t> atLeast;
     std::optional<std::size_t> atMost;
     bool negate = false;
@@ -80,6 +87,7 @@ private:
     bool holdsAt(const PhysicsCondition& p_condition, const std::string& p_path);
     bool namesOneThatFits(const PhysicsCondition& p_condition, const std::string& p_path,
                           const std::string& p_value);
+    bool holds(const AskedQuery& p_asked, const std::string& p_objectPath);
     bool takeStep() { return ++m_steps <= k_mostSteps; }
 
     const ModelQCL& m_model;

@@ -18,10 +18,10 @@ constexpr std::size_t k_longestPattern = 2048;    // bytes; an object's path can
 
 // clang-format off
 const std::vector<std::string> k_conditionKeys {
-    "At Least", "At Most", "Is", "Is Not", "Logical", "Names", "Negate", "Object", "Parameter", "Query"};
+    "At Least", "At Most", "If", "Is", "Is Not", "Logical", "Names", "Negate", "Object", "Parameter", "Query"};
 
 const std::vector<std::string> k_queryKeys {
-    "Answer", "At Least", "At Most", "Is", "Is Not", "Logical", "Names", "Negate", "Object", "Parameter", "Query"};
+    "Answer", "At Least", "At Most", "If", "Is", "Is Not", "Logical", "Names", "Negate", "Object", "Parameter", "Query"};
 // clang-format on
 
 std::string listed(const std::vector<std::string>& p_names)
@@ -69,7 +69,8 @@ bool isEmpty(const PhysicsCondition& p_condition)
 {
     return !p_condition.object && p_condition.parameter.empty() && p_condition.is.empty() &&
            p_condition.isNot.empty() && !p_condition.logical && !p_condition.names &&
-           p_condition.query.empty() && !p_condition.atLeast && !p_condition.atMost && !p_condition.negate;
+           p_condition.query.name.empty() && p_condition.onlyIf.name.empty() && !p_condition.atLeast &&
+           !p_condition.atMost && !p_condition.negate;
 }
 
 }    // namespace
@@ -150,11 +151,9 @@ void PhysicsReader::readKey(const QclParameter& p_key, const QclObject& p_text, 
     else if (p_key.name == "Names")
         readNames(p_key, p_condition.names);
     else if (p_key.name == "Query")
-    {
-        p_condition.query = p_key.value;
-        p_condition.queryPlace = {m_number, p_key.placeInValue(0),
-                                  static_cast<std::uint32_t>(p_key.value.size())};
-    }
+        readAsked(p_key, p_condition.query);
+    else if (p_key.name == "If")
+        readAsked(p_key, p_condition.onlyIf);
     else if (p_key.name == "At Least")
         readCount(p_key, p_condition.atLeast);
     else if (p_key.name == "At Most")
@@ -196,6 +195,12 @@ void PhysicsReader::readObject(const QclParameter& p_key, std::optional<ObjectPa
                 "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or "
                 "'{DOMAIN}/BOUNDARY:*', but found " +
                     quotedShort(p_key.value) + ".");
+}
+
+void PhysicsReader::readAsked(const QclParameter& p_key, AskedQuery& p_asked) const
+{
+    p_asked.name = p_key.value;
+    p_asked.place = {m_number, p_key.placeInValue(0), static_cast<std::uint32_t>(p_key.value.size())};
 }
 
 void PhysicsReader::readNames(const QclParameter& p_key, std::optional<ObjectPattern>& p_pattern)
@@ -281,7 +286,7 @@ void PhysicsReader::checkCondition(const Section& p_section)
     const QclParameter* object = p_section.text->find("Object");
     const bool hasObject = condition.object || (object && !object->value.empty());
     const bool hasParameter = !condition.parameter.empty();
-    if (!hasObject && condition.query.empty())
+    if (!hasObject && condition.query.name.empty())
     {
         if (!isEmpty(condition) || p_section.text->parameters.empty())
             report(placeOf(*p_section.text), "missing-query-key",
@@ -314,7 +319,8 @@ void PhysicsReader::checkCondition(const Section& p_section)
 
     if (p_section.query->answer == PhysicsAnswer::List)
         checkConditionOfList(p_section, condition);
-    checkAsked(condition);
+    checkAsked(condition.query);
+    checkAsked(condition.onlyIf);
 }
 
 void PhysicsReader::checkConditionOfList(const Section& p_section, const PhysicsCondition& p_condition)
@@ -334,14 +340,13 @@ void PhysicsReader::checkConditionOfList(const Section& p_section, const Physics
         contradiction("Negate", "'Negate' has no meaning in a query that answers with a list.");
 }
 
-void PhysicsReader::checkAsked(const PhysicsCondition& p_condition)
+void PhysicsReader::checkAsked(const AskedQuery& p_asked)
 {
-    if (p_condition.query.empty() || !isOfThisDocument(p_condition.queryPlace) ||
-        m_queries.contains(p_condition.query))
+    if (p_asked.name.empty() || !isOfThisDocument(p_asked.place) || m_queries.contains(p_asked.name))
         return;
-    const std::string nearest = nearestName(p_condition.query, queryNames());
-    report(p_condition.queryPlace, "unknown-query",
-           "No section defines the query " + quotedShort(p_condition.query) + "." +
+    const std::string nearest = nearestName(p_asked.name, queryNames());
+    report(p_asked.place, "unknown-query",
+           "No section defines the query " + quotedShort(p_asked.name) + "." +
                (nearest.empty() ? "" : " Did you mean '" + nearest + "'?"));
 }
 
@@ -404,9 +409,6 @@ public:
     void run()
     {
         for (auto& query : m_queries)
-            for (PhysicsCondition& condition : query.second.conditions)
-                condition.asked = nullptr;
-        for (auto& query : m_queries)
             visit(query.second);
     }
 
@@ -414,83 +416,87 @@ private:
     static constexpr std::size_t k_mostLevels = 32;
 
     struct Visit {
-        PhysicsQuery* query;
-        std::size_t next = 0;    // condition to look at
+        const PhysicsQuery* query;
+        std::vector<AskedQuery*> asked;
+        std::size_t next = 0;    // of those, to look at
     };
 
-    enum class State { Open, Done };
-
     struct Seen {
-        State state = State::Open;
+        bool isDone = false;
         std::size_t levels = 1;    // that asking it goes down, itself included
     };
 
     void visit(PhysicsQuery& p_query)
     {
-        if (!m_seen.try_emplace(&p_query).second)
-            return;
-        m_path.push_back({&p_query});
+        if (!m_seen.contains(&p_query))
+            enter(p_query);
         while (!m_path.empty())
         {
             Visit& top = m_path.back();
-            if (top.next < top.query->conditions.size())
-                look(top.query->conditions[top.next++]);
-            else
+            if (top.next == top.asked.size())
                 leave();
+            else if (!look(*top.query, *top.asked[top.next]))
+                ++top.next;
         }
     }
 
-    void look(PhysicsCondition& p_condition)
+    void enter(PhysicsQuery& p_query)
     {
-        const auto asked = m_queries.find(p_condition.query);
-        if (p_condition.query.empty() || asked == m_queries.end())
-            return;
-        const auto [seen, isNew] = m_seen.try_emplace(&asked->second);
-        if (isNew)
-        {
-            m_path.push_back({&asked->second});
-            --m_path[m_path.size() - 2].next;    // comes back to the condition when the query is done
-            return;
-        }
-        if (seen->second.state == State::Open)
-        {
-            reportCircle(asked->second);
-            return;
-        }
-        Seen& asking = m_seen[m_path.back().query];
-        if (seen->second.levels >= k_mostLevels)
-        {
-            report(p_condition.queryPlace, "query-too-deep",
-                   "The query asks others more than " + std::to_string(k_mostLevels) + " levels deep.");
-            return;
-        }
-        asking.levels = std::max(asking.levels, seen->second.levels + 1);
-        p_condition.asked = &asked->second;
+        m_seen[&p_query] = {};
+        Visit visit {&p_query, {}};
+        for (PhysicsCondition& condition : p_query.conditions)
+            for (AskedQuery* asked : {&condition.query, &condition.onlyIf})
+            {
+                asked->query = nullptr;
+                if (!asked->name.empty() && m_queries.contains(asked->name))
+                    visit.asked.push_back(asked);
+            }
+        m_path.push_back(std::move(visit));
     }
 
     void leave()
     {
-        m_seen[m_path.back().query].state = State::Done;
+        m_seen[m_path.back().query].isDone = true;
         m_path.pop_back();
     }
 
-    // At the last of the conditions on the circle that this document holds; it closed the circle.
+    /// @return Whether the asked query was entered, and is to be looked at once more when it is done.
+    bool look(const PhysicsQuery& p_asking, AskedQuery& p_asked)
+    {
+        PhysicsQuery& query = m_queries.find(p_asked.name)->second;
+        const auto seen = m_seen.find(&query);
+        if (seen == m_seen.end())
+        {
+            enter(query);
+            return true;
+        }
+        if (!seen->second.isDone)
+            reportCircle(query);
+        else if (seen->second.levels >= k_mostLevels)
+            report(p_asked.place, "query-too-deep",
+                   "The query asks others more than " + std::to_string(k_mostLevels) + " levels deep.");
+        else
+        {
+            std::size_t& levels = m_seen[&p_asking].levels;
+            levels = std::max(levels, seen->second.levels + 1);
+            p_asked.query = &query;
+        }
+        return false;
+    }
+
+    // At the last place on the circle that this document holds; it closed the circle.
     void reportCircle(const PhysicsQuery& p_first)
     {
         auto visit =
             std::ranges::find_if(m_path, [&](const Visit& p_visit) { return p_visit.query == &p_first; });
-        std::string chain;
-        PhysicsPlace place;
         constexpr std::ptrdiff_t k_mostShown = 20;
-        if (m_path.end() - visit > k_mostShown)
-            chain = "... -> ";
+        std::string chain = m_path.end() - visit > k_mostShown ? "... -> " : "";
+        PhysicsPlace place;
         for (; visit != m_path.end(); ++visit)
         {
             if (m_path.end() - visit <= k_mostShown)
                 chain += quotedShort(visit->query->name) + " -> ";
-            // The condition that is being looked at stands before "next" at the top, and at it below.
-            const std::size_t position = visit + 1 == m_path.end() ? visit->next - 1 : visit->next;
-            const PhysicsPlace& asks = visit->query->conditions[position].queryPlace;
+            const PhysicsPlace& asks = visit->asked[visit->next]->place;
             if (asks.document == m_number && asks.place >= place.place)
                 place = asks;
         }

@@ -32,6 +32,7 @@ private:
     void readKey(const QclParameter& p_key, const QclObject& p_text, PhysicsCondition& p_condition);
     void readAnswer(const QclParameter& p_key, PhysicsQuery& p_query);
     void readObject(const QclParameter& p_key, std::optional<ObjectPattern>& p_pattern);
+    void readAsked(const QclParameter& p_key, AskedQuery& p_asked) const;
     void readNames(const QclParameter& p_key, std::optional<ObjectPattern>& p_pattern);
     void readTexts(const QclParameter& p_key, std::vector<std::string>& p_texts);
     void readCount(const QclParameter& p_key, std::optional<std::size_t>& p_count);
@@ -39,7 +40,7 @@ private:
 
     void checkCondition(const Section& p_section);
     void checkConditionOfList(const Section& p_section, const PhysicsCondition& p_condition);
-    void checkAsked(const PhysicsCondition& p_condition);
+    void checkAsked(const AskedQuery& p_asked);
 
     bool isOfThisDocument(const PhysicsPlace& p_place) const { return p_place.document == m_number; }
     PhysicsPlace placeOf(const QclObject& p_text) const;

@@ -123,6 +123,9 @@ INSTANTIATE_TEST_SUITE_P(Physics, PhysicsCondition, testing::Values(
     ConditionCase {"TurnsRoundAnotherQuery", "Query = isGas\nNegate = Yes", "/LIBRARY/MATERIAL:Air", false},
     ConditionCase {"AsksAnotherQueryAtEachObject", "Object = /LIBRARY/MATERIAL:*\nQuery = isGas\nAt Most = 1\nAt Least = 1", "", true},
     ConditionCase {"AsksAtObjectsWhoseParameterFits", "Object = /LIBRARY/MATERIAL:*\nParameter = State\nIs = Liquid\nQuery = isGas", "", false},
+    ConditionCase {"LooksIfAnotherQueryHolds", "If = isGas\nObject = /FLOW:F/SIMULATION", "/LIBRARY/MATERIAL:Air", true},
+    ConditionCase {"DoesNotLookIfAnotherQueryFails", "If = isGas\nObject = /FLOW:F/SIMULATION", "/LIBRARY/MATERIAL:Brine", false},
+    ConditionCase {"IsNotTurnedRoundIfAnotherQueryFails", "If = isGas\nObject = {FLUID}\nNegate = Yes", "/LIBRARY/MATERIAL:Brine", false},
     ConditionCase {"AsksOnlyAtObjectsThatExist", "Object = /LIBRARY/MATERIAL:Steam\nQuery = isGas", "", false}),
     [](const testing::TestParamInfo<ConditionCase>& p_info) { return std::string(p_info.param.name); });
 // clang-format on

@@ -52,11 +52,11 @@ INSTANTIATE_TEST_SUITE_P(Physics, PhysicsDefinitionError, testing::Values(
         "Unknown key 'Answre' in the physics query '/QUERY:q'. Did you mean 'Answer'?"},
     ErrorCase {"AnswerOfACondition",
         "[/QUERY:q/CONDITION:c]\nObject = {FLOW}\nAnswer = Any\n", 3, 1, 6, "unknown-definition-key",
-        "Unknown key 'Answer' in the physics query '/QUERY:q/CONDITION:c'. Expected 'At Least', 'At Most', 'Is', "
+        "Unknown key 'Answer' in the physics query '/QUERY:q/CONDITION:c'. Expected 'At Least', 'At Most', 'If', 'Is', "
         "'Is Not', 'Logical', 'Names', 'Negate', 'Object', 'Parameter' or 'Query'."},
     ErrorCase {"KeyLikeNoOther",
         "[/QUERY:q]\nObject = {FLOW}\nWherever = 1\n", 3, 1, 8, "unknown-definition-key",
-        "Unknown key 'Wherever' in the physics query '/QUERY:q'. Expected 'Answer', 'At Least', 'At Most', 'Is', "
+        "Unknown key 'Wherever' in the physics query '/QUERY:q'. Expected 'Answer', 'At Least', 'At Most', 'If', 'Is', "
         "'Is Not', 'Logical', 'Names', 'Negate', 'Object', 'Parameter' or 'Query'."},
     // Paths
     ErrorCase {"SectionOfAnotherType",
@@ -176,6 +176,15 @@ INSTANTIATE_TEST_SUITE_P(Physics, PhysicsDefinitionError, testing::Values(
     ErrorCase {"UnknownQuery",
         "[/QUERY:isRFR]\nObject = {DOMAIN}\n[/QUERY:q]\nObject = {FLOW}/DOMAIN:*\nQuery = isRRF\n", 5, 9, 5,
         "unknown-query", "No section defines the query 'isRRF'. Did you mean 'isRFR'?"},
+    ErrorCase {"UnknownQueryThatDecidesWhetherToLook",
+        "[/QUERY:isRFR]\nObject = {DOMAIN}\n[/QUERY:q]\nIf = isRRF\nObject = {FLOW}\n", 4, 6, 5,
+        "unknown-query", "No section defines the query 'isRRF'. Did you mean 'isRFR'?"},
+    ErrorCase {"ConditionThatLooksNowhereIfAnotherHolds",
+        "[/QUERY:p]\nObject = {FLOW}\n[/QUERY:q]\nIf = p\n", 3, 2, 8, "missing-query-key",
+        "The condition has neither 'Object' nor 'Query'. Expected where to look, or what to ask."},
+    ErrorCase {"QueryThatAsksWhetherToAskItself",
+        "[/QUERY:q]\nObject = {FLOW}\nIf = q\n", 3, 6, 1, "query-cycle",
+        "Queries that ask each other never come to an answer: 'q' -> 'q'."},
     ErrorCase {"UnknownQueryLikeNoOther",
         "[/QUERY:q]\nQuery = isSomethingElse\n", 2, 9, 15, "unknown-query",
         "No section defines the query 'isSomethingElse'."},
