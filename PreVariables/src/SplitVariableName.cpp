@@ -30,9 +30,8 @@ std::size_t rootIndex(const std::vector<QELName::Component>& p_components, const
     raise<Msg::RootPosition>(p_rootName, p_fullName);
 }
 
-/// Deliberate: a name of four components has two prefixes wherever its root stands, so that the third of a name whose
-/// root is the last counts as nothing; a name of more has none. Held by SplitVariableName.DropsTheThirdOfFourComponents
-/// WhenTheRootIsTheLast and SplitVariableName.GivesNoPrefixesToFiveComponentsOrMore.
+// Deliberate: a name of four components has two prefixes wherever its root stands, so that its third counts as nothing
+// when the root is the last; a name of more has no prefixes. Held by PartsOfAName.AreThese.
 std::size_t prefixCount(std::size_t p_components, bool p_hasSuffix)
 {
     switch (p_components)

@@ -260,20 +260,36 @@ private:
     const ScriptedHost& m_host;
 };
 
+class ScriptedRootNames final : public VariableRootNameFinder {
+public:
+    explicit ScriptedRootNames(const ScriptedHost& p_host) : m_host(p_host) {}
+
+    RootNameInfo findRoot(const std::string& p_fullName) const override
+    {
+        Answers::note(m_host, "rootNames.findRoot", {p_fullName});
+        const auto name = Answers::valueOr(Answers::variableNames(m_host), p_fullName);
+        return {Answers::rootOf(m_host, p_fullName), name.av, name.mpExprValue};
+    }
+
+private:
+    const ScriptedHost& m_host;
+};
+
 class ScriptedPhysics final : public PhysicsEvaluator {
 public:
     explicit ScriptedPhysics(const ScriptedHost& p_host) : m_host(p_host) {}
 
-    bool evalBool(const std::string& p_query, const std::string& p_objectPath, const ModelQCL*) const override
+    bool evalBool(const std::string& p_query, const std::string& p_objectPath,
+                  const ModelQCL* p_model) const override
     {
-        Answers::note(m_host, "physics.evalBool", {p_query, p_objectPath});
+        noteQuestion("physics.evalBool", p_query, p_objectPath, p_model);
         return Answers::valueOr(Answers::queries(m_host), std::pair(p_query, p_objectPath)).truth;
     }
 
     std::vector<std::string> evalList(const std::string& p_query, const std::string& p_objectPath,
-                                      const ModelQCL*) const override
+                                      const ModelQCL* p_model) const override
     {
-        Answers::note(m_host, "physics.evalList", {p_query, p_objectPath});
+        noteQuestion("physics.evalList", p_query, p_objectPath, p_model);
         return Answers::valueOr(Answers::queries(m_host), std::pair(p_query, p_objectPath)).list;
     }
 
@@ -288,6 +304,15 @@ public:
     }
 
 private:
+    void noteQuestion(const std::string& p_operation, const std::string& p_query,
+                      const std::string& p_objectPath, const ModelQCL* p_model) const
+    {
+        if (p_model == m_host.model())
+            Answers::note(m_host, p_operation, {p_query, p_objectPath});
+        else
+            Answers::note(m_host, p_operation, {p_query, p_objectPath, "another model"});
+    }
+
     const ScriptedHost& m_host;
 };
 
@@ -311,7 +336,7 @@ private:
 struct ScriptedHost::Interfaces {
     explicit Interfaces(const ScriptedHost& p_host)
         : model(p_host), rules(p_host), quantityModifier(p_host), modelRules(p_host), locatorInfo(p_host),
-          prefixInfo(p_host), shortNames(p_host), physics(p_host), updateInfo(p_host)
+          prefixInfo(p_host), shortNames(p_host), rootNames(p_host), physics(p_host), updateInfo(p_host)
     {}
 
     ScriptedModel model;
@@ -321,13 +346,17 @@ struct ScriptedHost::Interfaces {
     ScriptedLocatorInfo locatorInfo;
     ScriptedPrefixInfo prefixInfo;
     ScriptedShortNames shortNames;
+    ScriptedRootNames rootNames;
     ScriptedPhysics physics;
     ScriptedUpdateInfo updateInfo;
 };
 
-ScriptedHost::ScriptedHost() : m_outer(g_current), m_interfaces(std::make_unique<const Interfaces>(*this))
+ScriptedHost::ScriptedHost()
+    : m_outer(g_current), m_interfaces(std::make_unique<const Interfaces>(*this)),
+      m_availabilityChecker(model(), shortNameFinder(), physicsEvaluator())
 {
     g_current = this;
+    m_log.clear();
 }
 
 ScriptedHost::~ScriptedHost() { g_current = m_outer; }
@@ -394,8 +423,14 @@ void ScriptedHost::pendingChange(std::function<void(QCLUpdateHandler&)> p_change
 
 DimExprChecker ScriptedHost::makeChecker() const
 {
-    return {model(),      rules(), quantityModifier(), &m_varDefStore,
-            prefixInfo(), nullptr, locatorInfo(),      &m_callbackStore};
+    return {model(),        rules(),         quantityModifier(),
+            &m_varDefStore, prefixInfo(),    &m_availabilityChecker,
+            locatorInfo(),  &m_callbackStore};
+}
+
+VarAvailabilityChecker ScriptedHost::makeAvailabilityChecker() const
+{
+    return {model(), shortNameFinder(), physicsEvaluator()};
 }
 
 DimExprCheckScheduler ScriptedHost::makeScheduler(DimExprChecker& p_checker) const
@@ -415,6 +450,7 @@ const ModelRules* ScriptedHost::modelRules() const { return &m_interfaces->model
 const LocatorInfo* ScriptedHost::locatorInfo() const { return &m_interfaces->locatorInfo; }
 const VariablePrefixInfo* ScriptedHost::prefixInfo() const { return &m_interfaces->prefixInfo; }
 const ShortVarNameFinder* ScriptedHost::shortNameFinder() const { return &m_interfaces->shortNames; }
+const VariableRootNameFinder* ScriptedHost::rootNameFinder() const { return &m_interfaces->rootNames; }
 const PhysicsEvaluator* ScriptedHost::physicsEvaluator() const { return &m_interfaces->physics; }
 const QCLUpdateInfo* ScriptedHost::updateInfo() const { return &m_interfaces->updateInfo; }
 

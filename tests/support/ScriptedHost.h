@@ -12,6 +12,8 @@
 #include "QCLUpdateInfo.h"
 #include "QuantityModifier.h"
 #include "ShortVarNameFinder.h"
+#include "SplitVariableName.h"
+#include "VarAvailabilityChecker.h"
 #include "VariablePrefixInfo.h"
 
 #include "support/CallLog.h"
@@ -101,7 +103,11 @@ public:
     PreVariableDefStore& varDefStore() { return m_varDefStore; }
     ExprCBFuncStore& callbackStore() { return m_callbackStore; }
 
+    /// The availability checker that the checkers are given. It has declared its queries before anything is noted.
+    VarAvailabilityChecker& availabilityChecker() { return m_availabilityChecker; }
+
     DimExprChecker makeChecker() const;
+    VarAvailabilityChecker makeAvailabilityChecker() const;
     DimExprCheckScheduler makeScheduler(DimExprChecker& p_checker) const;
     DimExprCheckScheduler makeSchedulerWithoutUpdateInfo(DimExprChecker& p_checker) const;
 
@@ -112,6 +118,7 @@ public:
     const LocatorInfo* locatorInfo() const;
     const VariablePrefixInfo* prefixInfo() const;
     const ShortVarNameFinder* shortNameFinder() const;
+    const VariableRootNameFinder* rootNameFinder() const;
     const PhysicsEvaluator* physicsEvaluator() const;
     const QCLUpdateInfo* updateInfo() const;
 
@@ -142,6 +149,7 @@ private:
     std::map<PlaceAndName, ScriptedQuery> m_queries;    // by query and path
     std::vector<std::function<void(QCLUpdateHandler&)>> m_changes;
     std::unique_ptr<const Interfaces> m_interfaces;
+    VarAvailabilityChecker m_availabilityChecker;
 };
 
 }    // namespace qen::support

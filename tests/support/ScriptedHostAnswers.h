@@ -41,6 +41,14 @@ struct ScriptedHostAnswers {
     static const auto& units(const ScriptedHost& p_host) { return p_host.m_units; }
     static const auto& expressions(const ScriptedHost& p_host) { return p_host.m_expressions; }
     static const auto& variableNames(const ScriptedHost& p_host) { return p_host.m_variableNames; }
+
+    /// The root of a full name: the last component unless the test says otherwise.
+    static std::string rootOf(const ScriptedHost& p_host, const std::string& p_fullName)
+    {
+        return valueOr(p_host.m_variableNames, p_fullName)
+            .root.value_or(p_fullName.substr(p_fullName.rfind('.') + 1));
+    }
+
     static const auto& notVariableNames(const ScriptedHost& p_host) { return p_host.m_notVariableNames; }
     static const auto& locators(const ScriptedHost& p_host) { return p_host.m_locators; }
     static const auto& prefixes(const ScriptedHost& p_host) { return p_host.m_prefixes; }

@@ -95,8 +95,7 @@ Quantity ExpressionEvaluator::evalSingleValue(const std::string& p_expression, c
 std::string ExpressionEvaluator::rootVariableName(const std::string& p_name)
 {
     Answers::note(ScriptedHost::current(), "evaluator.rootVariableName", {p_name});
-    const auto name = Answers::valueOr(Answers::variableNames(ScriptedHost::current()), p_name);
-    return name.root.value_or(p_name.substr(p_name.rfind('.') + 1));
+    return Answers::rootOf(ScriptedHost::current(), p_name);
 }
 
 bool QELName::splitVariableName(const std::string& p_text, std::vector<Component>& p_components)

@@ -199,14 +199,33 @@ public:
         return *this;
     }
 
+    /// Has no part that anybody knows.
+    Self& hasNoRoot() { return hasRoot(""); }
+
+    /// Its root is an additional variable.
+    Self& isAV()
+    {
+        av = true;
+        return *this;
+    }
+
+    /// Its root is the value of a monitor point's expression.
+    Self& isMPExprValue()
+    {
+        mpExprValue = true;
+        return *this;
+    }
+
     Self& hasShortName(std::string p_shortName)
     {
         shortName = std::move(p_shortName);
         return *this;
     }
 
-    std::optional<std::string> root;
-    std::optional<std::string> shortName;
+    std::optional<std::string> root;    // the last component when nothing is said
+    bool av = false;
+    bool mpExprValue = false;
+    std::optional<std::string> shortName;    // the full name when nothing is said
 };
 
 }    // namespace qen::support
