@@ -4,10 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -282,6 +284,8 @@ public:
     referencedPhysicalAvailabilities(const std::vector<std::string>& p_generalKeywords) const;
 
 private:
+    static constexpr std::size_t k_noRecord = static_cast<std::size_t>(-1);
+
     struct Operator {
         std::string dimensionModifier;    // in square brackets
         TensType tensorType;
@@ -289,12 +293,29 @@ private:
         std::string alias;
     };
 
+    struct Value {
+        std::string text;
+        std::size_t record = k_noRecord;    // that the text names
+    };
+
+    // Of the table that finds values by their texts: part of a text's hash, and the value's index plus 1; 0 where the
+    // slot is free.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t valuePlus1 = 0;
+    };
+
     bool isTensorType(ValueIndex p_value) const;
+    const ValueSet& keywords(const std::string& p_list);
     void checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const;
     void addComponentDefinitions(VarDefData p_variable);
+    void registerNames(const VarDefData& p_record);
     [[noreturn]] static void raiseNoSuchVariable(const std::string& p_name);
     const Operator& operatorNamed(const std::string& p_name, const char* p_askedBy) const;
-    std::optional<ValueIndex> findValue(const std::string& p_text) const;
+    std::size_t slotOf(std::string_view p_text, std::size_t p_hash) const;
+    void growSlots();
+    std::optional<ValueIndex> findValue(std::string_view p_text) const;
+    std::size_t recordNamed(std::string_view p_name) const;
     bool matchesAllOf(const VarDefData& p_record, VarDefField p_field,
                       const std::vector<std::string>& p_texts) const;
     bool matchesOneOf(const VarDefData& p_record, VarDefField p_field,
@@ -302,13 +323,13 @@ private:
     template <class Matches>
     std::vector<std::string> shortNamesOfRecordsThat(const Matches& p_matches) const;
 
-    std::vector<VarDefData> m_records;
-    std::unordered_map<std::string, std::size_t> m_nameIndex;    // every name of every record
-    mutable std::vector<std::string> m_shortNamesCache;          // empty until asked for
-    std::vector<std::string> m_values;
-    std::unordered_map<std::string, ValueIndex> m_valueIndex;    // into m_values
-    std::map<std::string, Operator> m_operators;                 // by either name
-    mutable std::set<std::string> m_solverInternalNames;         // empty until asked for
+    std::deque<VarDefData> m_records;    // stay where they are: to move the sets of a record is dear
+    mutable std::vector<std::string> m_shortNamesCache;    // empty until asked for
+    std::vector<Value> m_values;
+    std::vector<Slot> m_slots;    // a power of two, at most half of them taken
+    std::unordered_map<std::string, ValueSet> m_knownKeywords;    // of some of the lists that definitions had
+    std::map<std::string, Operator> m_operators;                  // by either name
+    mutable std::set<std::string> m_solverInternalNames;          // empty until asked for
 
     // Of the values that every store begins with. Behind the table, which their construction fills.
     ValueIndex m_scalarIdx;

@@ -3,7 +3,22 @@
 #include "DefinitionErrors.h"
 #include "DefinitionTexts.h"
 
+#include <algorithm>
+#include <functional>
+#include <stdexcept>
+
 namespace qen {
+
+namespace {
+
+constexpr std::size_t k_fewestSlots = 64;
+constexpr std::size_t k_mostValues = std::size_t {1} << 31;    // the slots count in 32 bits
+
+std::size_t hashOf(std::string_view p_text) { return std::hash<std::string_view> {}(p_text); }
+
+std::uint32_t hashPart(std::size_t p_hash) { return static_cast<std::uint32_t>(p_hash); }
+
+}    // namespace
 
 // The order is fixed: these are the values 0 to 6 of every store.
 PreVariableDefStore::PreVariableDefStore()
@@ -12,12 +27,60 @@ PreVariableDefStore::PreVariableDefStore()
       m_emptyIdx(addValue(""))
 {}
 
+/// The slot of a text; the free one in which it would go where the store does not have it.
+std::size_t PreVariableDefStore::slotOf(std::string_view p_text, std::size_t p_hash) const
+{
+    const std::size_t mask = m_slots.size() - 1;
+    for (std::size_t slot = p_hash & mask;; slot = (slot + 1) & mask)
+    {
+        const auto [hash, valuePlus1] = m_slots[slot];
+        if (valuePlus1 == 0 || (hash == hashPart(p_hash) && m_values[valuePlus1 - 1].text == p_text))
+            return slot;
+    }
+}
+
+// Places by the parts of the hashes that the slots hold, so that no text is looked at.
+void PreVariableDefStore::growSlots()
+{
+    std::vector<Slot> slots(std::max(k_fewestSlots, 2 * m_slots.size()));
+    const std::size_t mask = slots.size() - 1;
+    for (const Slot& taken : m_slots)
+    {
+        if (taken.valuePlus1 == 0)
+            continue;
+        std::size_t slot = taken.hash & mask;
+        while (slots[slot].valuePlus1 != 0)
+            slot = (slot + 1) & mask;
+        slots[slot] = taken;
+    }
+    m_slots.swap(slots);
+}
+
 PreVariableDefStore::ValueIndex PreVariableDefStore::addValue(const std::string& p_text)
 {
-    const auto [entry, isNew] = m_valueIndex.try_emplace(p_text, m_values.size());
-    if (isNew)
-        m_values.push_back(p_text);
-    return entry->second;
+    if (2 * (m_values.size() + 1) > m_slots.size())
+        growSlots();
+
+    const std::size_t hash = hashOf(p_text);
+    Slot& slot = m_slots[slotOf(p_text, hash)];
+    if (slot.valuePlus1 == 0)
+    {
+        if (m_values.size() >= k_mostValues)
+            throw std::length_error("PreVariableDefStore: too many different texts");
+        m_values.push_back({p_text});
+        slot = {hashPart(hash), static_cast<std::uint32_t>(m_values.size())};
+    }
+    return slot.valuePlus1 - 1;
+}
+
+std::optional<PreVariableDefStore::ValueIndex> PreVariableDefStore::findValue(std::string_view p_text) const
+{
+    if (m_slots.empty())    // what a move leaves behind
+        return std::nullopt;
+    const std::uint32_t valuePlus1 = m_slots[slotOf(p_text, hashOf(p_text))].valuePlus1;
+    if (valuePlus1 == 0)
+        return std::nullopt;
+    return valuePlus1 - 1;
 }
 
 PreVariableDefStore::ValueSet PreVariableDefStore::addValues(const std::vector<std::string>& p_texts)
@@ -37,7 +100,10 @@ PreVariableDefStore::ValueList PreVariableDefStore::addValuesVec(const std::vect
     return values;
 }
 
-const std::string& PreVariableDefStore::fieldValue(ValueIndex p_value) const { return m_values[p_value]; }
+const std::string& PreVariableDefStore::fieldValue(ValueIndex p_value) const
+{
+    return m_values[p_value].text;
+}
 
 std::vector<std::string> PreVariableDefStore::valsToStrVec(const ValueSet& p_values) const
 {
@@ -62,18 +128,25 @@ const std::string& PreVariableDefStore::shortName(std::size_t p_record) const
     return fieldValue(m_records[p_record].shortName);
 }
 
+/// The record that a name addresses, be it there yet or not; k_noRecord for none.
+std::size_t PreVariableDefStore::recordNamed(std::string_view p_name) const
+{
+    const std::optional<ValueIndex> value = findValue(p_name);
+    return value ? m_values[*value].record : k_noRecord;
+}
+
 std::size_t PreVariableDefStore::variableIndex(const std::string& p_name) const
 {
-    const auto found = m_nameIndex.find(p_name);
-    if (found == m_nameIndex.end())
+    const std::size_t record = recordNamed(p_name);
+    if (record == k_noRecord)
         raiseNoSuchVariable(p_name);
-    return found->second;
+    return record;
 }
 
 const PreVariableDefStore::VarDefData& PreVariableDefStore::variableData(const std::string& p_name) const
 {
-    const std::size_t record = variableIndex(p_name);
-    if (record >= m_records.size())    // registered for a record that was refused
+    const std::size_t record = recordNamed(p_name);
+    if (record >= m_records.size())    // no name, or registered for a record that was refused
         raiseNoSuchVariable(p_name);
     return m_records[record];
 }
@@ -85,7 +158,7 @@ const PreVariableDefStore::VarDefData& PreVariableDefStore::variableData(std::si
 
 bool PreVariableDefStore::hasVariable(const std::string& p_name) const
 {
-    return m_nameIndex.find(p_name) != m_nameIndex.end();
+    return recordNamed(p_name) != k_noRecord;
 }
 
 void PreVariableDefStore::addVariableAlias(ValueIndex p_name, std::size_t p_record)
@@ -94,14 +167,16 @@ void PreVariableDefStore::addVariableAlias(ValueIndex p_name, std::size_t p_reco
         return;
 
     // A record may carry the same text in several of its names.
-    const std::string& name = fieldValue(p_name);
-    if (m_nameIndex.try_emplace(name, p_record).first->second == p_record)
+    Value& name = m_values[p_name];
+    if (name.record == k_noRecord)
+        name.record = p_record;
+    if (name.record == p_record)
         return;
 
     // Deliberate: names the function that appends records, whoever called this one.
     // Held by AddDefinition.RefusesAnAliasOfAnotherRecord.
     raiseData<data::duplicate>("doAddVariableDefinition",
-                               UserMsg("Duplicate definition of variable '%1'.").arg(name));
+                               UserMsg("Duplicate definition of variable '%1'.").arg(name.text));
 }
 
 std::vector<std::string> PreVariableDefStore::getVariableAliases(const std::string& p_name) const

@@ -171,14 +171,6 @@ std::vector<std::string> PreVariableDefStore::getVarsWithField(VarDefField p_fie
     return names;
 }
 
-std::optional<PreVariableDefStore::ValueIndex> PreVariableDefStore::findValue(const std::string& p_text) const
-{
-    const auto found = m_valueIndex.find(p_text);
-    if (found == m_valueIndex.end())
-        return std::nullopt;
-    return found->second;
-}
-
 bool PreVariableDefStore::matchesAllOf(const VarDefData& p_record, VarDefField p_field,
                                        const std::vector<std::string>& p_texts) const
 {

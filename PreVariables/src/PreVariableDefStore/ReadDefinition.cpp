@@ -7,6 +7,9 @@
 #include "BoolFromEnvironment.h"
 #include "StringUtilities.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 namespace qen {
@@ -34,28 +37,60 @@ constexpr Store::VarDefField k_settings[] {Store::STATUS, Store::UNDER_RELAXATIO
 
 const char* keyOf(Store::VarDefField p_field) { return fieldDescriptor(p_field)->key; }
 
-/// The text of a field in a definition; empty when the definition does not have it.
-std::string textOf(Store::VarDefField p_field, const Parameters& p_parameters)
-{
-    const auto found = p_parameters.find(keyOf(p_field));
-    return found == p_parameters.end() ? "" : found->second;
-}
+constexpr std::size_t k_mostKnownLists = 1024;
+constexpr std::size_t k_keys = k_fields.size() - 1;    // the definition's own name has none
 
-/// Moves one field from a definition into a record, interning its values.
-void readField(Store::VarDefField p_field, const Parameters& p_parameters, Store& p_store,
-               Store::VarDefData& p_record)
+struct KeyedField {
+    std::string_view key;
+    Store::VarDefField field;
+};
+
+/// The fields in the order of their keys, in which a definition holds them too.
+constexpr std::array<KeyedField, k_keys> k_fieldsByKey = [] {
+    std::array<KeyedField, k_keys> fields {};
+    std::ranges::transform(k_fields.begin() + 1, k_fields.end(), fields.begin(),
+                           [](const FieldDescriptor& p_row) {
+                               return KeyedField {p_row.key, p_row.field};
+                           });
+    std::ranges::sort(fields, {}, &KeyedField::key);
+    return fields;
+}();
+
+/// The texts of a definition's fields; empty where the definition does not have one. Points to the definition.
+class FieldTexts {
+public:
+    explicit FieldTexts(const Parameters& p_parameters)
+    {
+        m_texts.fill(&k_none);
+        const auto* field = k_fieldsByKey.begin();
+        for (const auto& [key, text] : p_parameters)
+        {
+            int order = 1;
+            while (field != k_fieldsByKey.end() && (order = field->key.compare(key)) < 0)
+                ++field;
+            if (field == k_fieldsByKey.end())
+                return;
+            if (order == 0)
+                m_texts[static_cast<std::size_t>((field++)->field)] = &text;
+        }
+    }
+
+    const std::string& operator[](Store::VarDefField p_field) const
+    {
+        return *m_texts[static_cast<std::size_t>(p_field)];
+    }
+
+private:
+    static inline const std::string k_none;
+
+    std::array<const std::string*, k_fields.size()> m_texts {};
+};
+
+/// Where a record keeps a field; each of the orders above is of fields that are kept alike.
+template <class Member>
+Member memberOf(Store::VarDefField p_field)
 {
-    const std::string text = textOf(p_field, p_parameters);
-    std::visit(Overloaded {
-                   [&](ValueMember p_member) { p_record.*p_member = p_store.addValue(text); },
-                   [&](SetMember p_member) {
-                       p_record.*p_member = p_store.addValues(StringUtilities::stringToVector(text, ','));
-                   },
-                   [&](ListMember p_member) {
-                       p_record.*p_member = p_store.addValuesVec(StringUtilities::stringToVector(text, ','));
-                   },
-               },
-               fieldDescriptor(p_field)->member);
+    return std::get<Member>(fieldDescriptor(p_field)->member);
 }
 
 }    // namespace
@@ -67,10 +102,11 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     const std::string name = p_name;
     m_shortNamesCache.clear();    // at once: a definition that is ignored or refused empties it too
 
+    const FieldTexts texts(p_parameters);
     VarDefData record;
     record.shortName = addValue(name);
     for (const VarDefField field : k_namesAndType)
-        readField(field, p_parameters, *this, record);
+        record.*memberOf<ValueMember>(field) = addValue(texts[field]);
 
     if (!isTensorType(record.tensorType))
     {
@@ -83,20 +119,21 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     }
 
     for (const VarDefField field : k_keywords)
-        readField(field, p_parameters, *this, record);
+        record.*memberOf<SetMember>(field) = keywords(texts[field]);
 
     if (record.tensorType != m_scalarIdx)    // a scalar's component keys are not even read
     {
         for (const VarDefField field : k_componentNames)
-            readField(field, p_parameters, *this, record);
+            record.*memberOf<ListMember>(field) =
+                addValuesVec(StringUtilities::stringToVector(texts[field], ','));
         checkComponentCounts(name, record);
     }
 
     for (const VarDefField field : k_settings)
-        readField(field, p_parameters, *this, record);
+        record.*memberOf<ValueMember>(field) = addValue(texts[field]);
 
-    std::string fieldVariable = textOf(FIELD_VARIABLE, p_parameters);
-    if (fieldVariable.empty() && record.generalAvailability.contains(m_qelIdx))
+    bool isField = StringUtilities::stringToBool(texts[FIELD_VARIABLE]);
+    if (texts[FIELD_VARIABLE].empty() && record.generalAvailability.contains(m_qelIdx))
     {
         // Deliberate: tells the user "True", which is a text they may write, and goes on with "T". Do not make them
         // alike. Held by ReadDefinition.AssumesAFieldWhereQelIsAvailableAndNothingIsSaid.
@@ -106,13 +143,31 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
                              .arg(name)
                              .arg(keyOf(FIELD_VARIABLE))
                              .arg("True"));
-        fieldVariable = k_true;
+        isField = true;
     }
-    record.fieldVariable = StringUtilities::stringToBool(fieldVariable) ? m_trueIdx : m_falseIdx;
+    record.fieldVariable = isField ? m_trueIdx : m_falseIdx;
 
-    doAddVariableDefinition(record);
     if (record.tensorType != m_scalarIdx)
+    {
+        doAddVariableDefinition(record);
         addComponentDefinitions(std::move(record));
+        return;
+    }
+    registerNames(record);
+    m_records.push_back(std::move(record));
+}
+
+/// The values of a list of keywords. The same lists come again and again, so that some are kept.
+const PreVariableDefStore::ValueSet& PreVariableDefStore::keywords(const std::string& p_list)
+{
+    const auto known = m_knownKeywords.find(p_list);
+    if (known != m_knownKeywords.end())
+        return known->second;
+
+    ValueSet values = addValues(StringUtilities::stringToVector(p_list, ','));
+    if (m_knownKeywords.size() >= k_mostKnownLists)
+        m_knownKeywords.clear();
+    return m_knownKeywords.emplace(p_list, std::move(values)).first->second;
 }
 
 bool PreVariableDefStore::isTensorType(ValueIndex p_value) const
@@ -173,14 +228,19 @@ void PreVariableDefStore::addComponentDefinitions(VarDefData p_variable)
 
 void PreVariableDefStore::doAddVariableDefinition(const VarDefData& p_record)
 {
-    // Deliberate: names are registered before the record is appended, so after a duplicate the names registered so far
-    // belong to the next record. Held by AddDefinition.LeavesEarlierNamesToTheNextRecord.
+    registerNames(p_record);
+    m_records.push_back(p_record);
+}
+
+// Deliberate: names are registered before the record is appended, so after a duplicate the names registered so far
+// belong to the next record. Held by AddDefinition.LeavesEarlierNamesToTheNextRecord.
+void PreVariableDefStore::registerNames(const VarDefData& p_record)
+{
     const std::size_t index = m_records.size();
     addVariableAlias(p_record.shortName, index);
     addVariableAlias(p_record.longName, index);
     addVariableAlias(p_record.oldShortName, index);
     addVariableAlias(p_record.oldLongName, index);
-    m_records.push_back(p_record);
 }
 
 }    // namespace qen
