@@ -202,4 +202,34 @@ const std::string* UnitSystem::quantityUnits(std::string_view p_quantity) const
     return found == m_impl->quantities.end() ? nullptr : &found->second.baseUnits;
 }
 
+std::vector<UnitEntry> UnitSystem::allUnits() const
+{
+    std::vector<UnitEntry> entries;
+    for (const UnitDefinition& unit : m_impl->definitions.units)
+    {
+        const UnitTable::Entry* resolved = m_impl->table.find(unit.name);
+        if (resolved && resolved->unit != UnitTable::k_noUnit)
+            entries.push_back({unit.name, unit.isBase, unit.text, unit.factor.value(), unit.offset.value(),
+                               unit.takesPrefixes});
+    }
+    return entries;
+}
+
+std::vector<PrefixEntry> UnitSystem::allPrefixes() const
+{
+    std::vector<PrefixEntry> entries;
+    for (const PrefixDefinition& prefix : m_impl->definitions.prefixes)
+        entries.push_back({prefix.name, prefix.factor.value()});
+    return entries;
+}
+
+std::vector<std::string> UnitSystem::allQuantities() const
+{
+    std::vector<std::string> names;
+    for (const QuantityDefinition& quantity : m_impl->definitions.quantities)
+        if (m_impl->quantities.contains(quantity.name))
+            names.push_back(quantity.name);
+    return names;
+}
+
 }    // namespace qen::standalone

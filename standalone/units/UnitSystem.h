@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qen::standalone {
 
@@ -16,6 +17,21 @@ struct QEN_STANDALONE_API UnitValue {
     UnitDimensions dims;
     double factor = 1.0;
     double offset = 0.0;    ///< other than 0 only for an offset temperature that stands alone
+};
+
+/// One unit as the definitions have it; what it means, `UnitSystem::parse` says.
+struct QEN_STANDALONE_API UnitEntry {
+    std::string name;
+    bool isBase = false;
+    std::string definition;    ///< the units of which it is made; empty for a base unit
+    double factor = 1.0;       ///< how many of the definition one unit is
+    double offset = 0.0;       ///< where the scale's zero lies on the definition's scale
+    bool takesPrefixes = false;
+};
+
+struct QEN_STANDALONE_API PrefixEntry {
+    std::string name;
+    double factor = 1.0;
 };
 
 /// The units and quantities of the definition files.
@@ -42,6 +58,12 @@ public:
 
     /// The base units of a quantity; null when the quantity is not known.
     const std::string* quantityUnits(std::string_view p_quantity) const;
+
+    // What is defined, each in the order of the texts. What is wrong and what it takes along is left out.
+
+    std::vector<UnitEntry> allUnits() const;    ///< without those that a prefix makes
+    std::vector<PrefixEntry> allPrefixes() const;
+    std::vector<std::string> allQuantities() const;
 
 private:
     struct Impl;

@@ -446,5 +446,55 @@ TEST(UnitDefinitions, AreLimitedInNumber)
                             Problem("too-many-prefixes", 20131, 2, 12, "more than 64 prefixes are defined")));
 }
 
+/// What is listed of one unit.
+auto Unit(const std::string& p_name, bool p_isBase, const std::string& p_definition, double p_factor,
+          double p_offset, bool p_takesPrefixes)
+{
+    return AllOf(Field("name", &UnitEntry::name, p_name), Field("isBase", &UnitEntry::isBase, p_isBase),
+                 Field("definition", &UnitEntry::definition, p_definition),
+                 Field("factor", &UnitEntry::factor, p_factor), Field("offset", &UnitEntry::offset, p_offset),
+                 Field("takesPrefixes", &UnitEntry::takesPrefixes, p_takesPrefixes));
+}
+
+TEST(UnitDefinitions, AreListedInTheirOrderAndAsTheLatestDocumentHasThem)
+{
+    UnitSystem units;
+    DefinitionText()
+        .section("/BASE UNIT:K", {{"Dimension", "Temperature"}, {"Prefixes", "Yes"}})
+        .section("/PREFIX:k", {{"Factor", "1e3"}})
+        .section("/UNIT:F", {{"Definition", "R"}, {"Offset", "459.67"}})
+        .section("/UNIT:R", {{"Definition", "K"}, {"Factor", "1/2"}})
+        .section("/QUANTITY:Temperature", {{"Units", "K"}})
+        .section("/QUANTITY:Cooling", {{"Units", "K^-1"}})
+        .addTo(units);
+    DefinitionText()
+        .section("/UNIT:R", {{"Definition", "K"}, {"Factor", "5/9"}})
+        .section("/PREFIX:m", {{"Factor", "1/1000"}})
+        .addTo(units);
+
+    EXPECT_THAT(units.allUnits(),
+                ElementsAre(Unit("K", true, "", 1.0, 0.0, true), Unit("F", false, "R", 1.0, 459.67, false),
+                            Unit("R", false, "K", 5.0 / 9.0, 0.0, false)));
+    EXPECT_THAT(units.allPrefixes(),
+                ElementsAre(AllOf(Field(&PrefixEntry::name, "k"), Field(&PrefixEntry::factor, 1000.0)),
+                            AllOf(Field(&PrefixEntry::name, "m"), Field(&PrefixEntry::factor, 0.001))));
+    EXPECT_THAT(units.allQuantities(), ElementsAre("Temperature", "Cooling"));
+}
+
+TEST(UnitDefinitions, AreNotListedWhenTheyAreWrongOrMadeOfWhatIsWrong)
+{
+    UnitSystem units;
+    DefinitionText()
+        .section("/BASE UNIT:m", {{"Dimension", "Length"}})
+        .section("/UNIT:ft", {{"Definition", "m"}, {"Factor", "-1"}})
+        .unit("acre", "ft^2")
+        .unit("stride", "pace")
+        .section("/QUANTITY:Height", {{"Units", "pace"}})
+        .addTo(units);
+
+    EXPECT_THAT(units.allUnits(), ElementsAre(Field(&UnitEntry::name, "m")));
+    EXPECT_THAT(units.allQuantities(), IsEmpty());
+}
+
 }
 }    // namespace qen::standalone::test
