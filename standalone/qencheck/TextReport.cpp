@@ -63,6 +63,8 @@ std::string counted(std::size_t p_count, const char* p_word)
     return fmt::format("{} {}{}", p_count, p_word, p_count == 1 ? "" : "s");
 }
 
+}    // namespace
+
 Colour colourOf(std::FILE* p_stream, const std::string& p_choice)
 {
     if (p_choice != "auto")
@@ -72,8 +74,6 @@ Colour colourOf(std::FILE* p_stream, const std::string& p_choice)
     const bool forbidden = noColour && *noColour;
     return !forbidden && isatty(fileno(p_stream)) == 1 ? Colour::On : Colour::Off;
 }
-
-}    // namespace
 
 TextReport::TextReport(std::FILE* p_stream, const std::string& p_colour)
     : TextReport(p_stream, colourOf(p_stream, p_colour))

@@ -12,12 +12,15 @@ namespace qencheck {
 /// Whether a report uses colours.
 enum class Colour { Off, On };
 
+/// @param p_choice  "always", "never", or "auto": on a terminal, unless the environment has NO_COLOR.
+Colour colourOf(std::FILE* p_stream, const std::string& p_choice);
+
 /// Writes findings for a person: place, severity, message and identifier, then the line with the place underlined.
 class TextReport {
 public:
     TextReport(std::FILE* p_stream, Colour p_colour) : m_stream(p_stream), m_colour(p_colour) {}
 
-    /// @param p_colour  "always", "never", or "auto": on a terminal, unless the environment has NO_COLOR.
+    /// @param p_colour  As for `colourOf`.
     TextReport(std::FILE* p_stream, const std::string& p_colour);
 
     void write(const std::vector<qen::standalone::Finding>& p_findings) const;

@@ -1,5 +1,6 @@
 #include "CheckCommand.h"
 #include "ExitStatus.h"
+#include "ListCommand.h"
 #include "Options.h"
 #include "Subcommand.h"
 
@@ -39,6 +40,7 @@ int main(int p_argc, char** p_argv)
 
     const std::vector<qencheck::Subcommand> subcommands {
         qencheck::addCheckCommand(app),
+        qencheck::addListCommand(app),
     };
     for (const qencheck::Subcommand& subcommand : subcommands)
         addCommonOptions(*subcommand.arguments, options);
