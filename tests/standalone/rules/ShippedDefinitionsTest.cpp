@@ -1,7 +1,11 @@
+#include "definitions/CatalogueDefinitions.h"
 #include "definitions/Definitions.h"
 #include "qcl/QclReader.h"
 #include "rules/ParamTypes.h"
 
+#include "ExprCBFuncStore.h"
+#include "LocatorDimension.h"
+#include "PreVariableDefStore.h"
 #include "QCLParam.h"
 #include "QCLPath.h"
 #include "StringUtilities.h"
@@ -21,6 +25,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::Ge;
 using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
 using ::testing::NotNull;
 
 const std::string k_definitions = QEN_SOURCE_FOLDER "/definitions";
@@ -160,25 +165,63 @@ TEST(ShippedVariables, HoldTheCoordinatesAndTime)
          {"x", "y", "z", "r", "theta", "aaxis", "raxis", "taxis", "subdomain", "xGlobal", "yGlobal",
           "zGlobal", "initcartcrd", "initcartcrd x", "initcartcrd y", "initcartcrd z", "t"})
         EXPECT_TRUE(shipped().variables().hasVariable(name)) << name;
-    EXPECT_THAT(shipped().variables().getAllVariableShortNames().size(), Ge(60U));
+    EXPECT_THAT(shipped().variables().getAllVariableShortNames().size(), Ge(170U));
 }
 
 TEST(ShippedVariables, HaveAKnownQuantityAndWhatAnExpressionNeeds)
 {
-    const QclDocument document = readQclFile(k_definitions + "/VARIABLES.qcl");
-
-    for (const QclObject& section : document.objects)
+    for (const CatalogueDefinition& definition : shipped().catalogue().all())
+    {
+        if (definition.kind != DefinitionKind::Variable)
+            continue;
         for (const char* key : {"Long Name", "Quantity", "Tensor Type", "General Availability",
                                 "Variable Scope", "Field Variable"})
-        {
-            const QclParameter* parameter = section.find(key);
-            ASSERT_THAT(parameter, NotNull()) << section.path << " has no " << key;
-            if (parameter->name == "Quantity")
-            {
-                EXPECT_THAT(shipped().units().quantityUnits(parameter->value), NotNull())
-                    << section.path << ": " << parameter->value;
-            }
-        }
+            EXPECT_FALSE(definition.text(key).empty()) << definition.name << " has no " << key;
+        EXPECT_THAT(shipped().units().quantityUnits(std::string(definition.text("Quantity"))), NotNull())
+            << definition.name << ": " << definition.text("Quantity");
+    }
+}
+
+TEST(ShippedVariables, HoldTheStateOfARigidBodyAsNoFields)
+{
+    const PreVariableDefStore& variables = shipped().variables();
+    const auto state = variables.getVarsMatching(PreVariableDefStore::VARIABLE_CLASS, "RBS");
+
+    EXPECT_THAT(state, IsSupersetOf({"Euler Angle", "Euler Angle X", "Euler Angle Y", "Euler Angle Z"}));
+    EXPECT_EQ(variables.getTensorType("Euler Angle"), PreVariableDefStore::VECTOR);
+    for (const std::string& name : state)
+        EXPECT_FALSE(variables.varMatchesTrue(name, PreVariableDefStore::FIELD_VARIABLE)) << name;
+}
+
+TEST(ShippedOperators, HoldThoseOfBoundariesUnderTheirFixedNames)
+{
+    for (const char* name : {"Boundcon", "hybrid"})
+    {
+        ASSERT_TRUE(shipped().variables().hasOperator(name)) << name;
+        EXPECT_TRUE(shipped().variables().doesOperatorHaveAvailability(name, "GENERAL")) << name;
+    }
+}
+
+TEST(ShippedOperators, HoldStatisticsOfWhatAMonitorPointShows)
+{
+    for (const char* name :
+         {"Arithmetic Average", "Standard Deviation", "Root Mean Square", "Minimum", "Maximum"})
+    {
+        ASSERT_TRUE(shipped().variables().hasOperator(name)) << name;
+        EXPECT_TRUE(shipped().variables().doesOperatorHaveAvailability(name, "EXPRESSION VALUE")) << name;
+    }
+}
+
+TEST(ShippedFunctions, ReachPlacesOfEveryDimension)
+{
+    const ExprCBFuncStore& functions = shipped().callbacks();
+
+    EXPECT_THAT(functions.getCBNames().size(), Ge(32U));
+    EXPECT_TRUE(functions.isAllowedLocatorDimension("probe", LocatorDimension::Point));
+    EXPECT_TRUE(functions.isAllowedLocatorDimension("massFlow", LocatorDimension::Surface));
+    EXPECT_TRUE(functions.isAllowedLocatorDimension("volumeIntegral", LocatorDimension::Volume));
+    EXPECT_TRUE(functions.allowsVectorComponents("force"));
+    EXPECT_TRUE(functions.isFieldValued("inside"));
 }
 
 // ---- The examples
