@@ -24,6 +24,9 @@ public:
     /// Whether it can stand for several objects.
     bool hasEach() const;
 
+    /// Whether it stands for an object on the path of the one from which it is seen.
+    bool isOnPath() const { return m_pieces.empty(); }
+
     /// Whether the objects for which it stands have names.
     bool endsWithName() const { return m_endsWithName; }
 

@@ -84,7 +84,7 @@ bool PhysicsEvaluation::holdsAt(const PhysicsCondition& p_condition, const std::
 {
     if (p_condition.parameter.empty())
     {
-        if (!m_model.objectExists(p_path))
+        if (!p_condition.object->isOnPath() && !m_model.objectExists(p_path))
             return false;
     }
     else

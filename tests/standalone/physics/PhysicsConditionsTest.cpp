@@ -86,6 +86,7 @@ INSTANTIATE_TEST_SUITE_P(Physics, PhysicsCondition, testing::Values(
     // What must hold of a parameter
     ConditionCase {"IsThereWhenItsObjectExists", "Object = {DOMAIN}/FLUID MODELS", k_tank, true},
     ConditionCase {"IsNotThereWhenItsObjectDoesNotExist", "Object = {DOMAIN}/FLUID MODELS", k_duct, false},
+    ConditionCase {"IsThereWhenItsObjectIsOnTheAskedPath", "Object = {FLUID}", "/FLOW:F/DOMAIN:Tank/BOUNDARY:New/FLUID:Oil", true},
     ConditionCase {"IsThereWhenAnObjectOfTheTypeExists", "Object = {DOMAIN}/BOUNDARY:*", k_tank, true},
     ConditionCase {"NeedsTheParameterSet", "Object = {DOMAIN}\nParameter = Location", k_tank, true},
     ConditionCase {"CountsAnUnsetParameterAsNotSet", "Object = {DOMAIN}\nParameter = Location", k_duct, false},
