@@ -34,6 +34,8 @@ std::vector<KeywordCase> domainKeywordCases()
         {"MDEF", On, k_wall,
          "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/MESH DEFORMATION]\nOption = Regions of Motion Specified\n"},
         {"MDEF", On, k_wall, "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/DOMAIN MOTION]\nOption = Moving Mesh\n"},
+        {"MDEF", On, k_wall,
+         "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/DOMAIN MOTION]\nOption = Rigid Body Solution\n"},
         {"MDEF", Off, k_wall, "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/MESH DEFORMATION]\nOption = None\n"},
         {"MDEF", Off, k_wall, "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/DOMAIN MOTION]\nOption = Rotating\n"},
         {"MDEF", Elsewhere, k_wall,
@@ -48,6 +50,10 @@ std::vector<KeywordCase> domainKeywordCases()
          "[/FLOW:F/DOMAIN:D/SUBDOMAIN:S/MESH MOTION]\nOption = Rigid Body Solution\n"},
         {"JNTORRIGIDBDYCOUPLING", On, k_wall,
          "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/DOMAIN MOTION]\nOption = Rigid Body Solution\n"},
+        {"JNTORRIGIDBDYCOUPLING", On, k_wall,
+         "[/FLOW:F/DOMAIN:D/SUBDOMAIN:S/MESH MOTION]\nOption = External Solver Coupling\n"},
+        {"JNTORRIGIDBDYCOUPLING", Off, k_wall,
+         "[/FLOW:F/DOMAIN:D/DOMAIN MODELS/DOMAIN MOTION]\nOption = Rotating\n"},
         {"JNTORRIGIDBDYCOUPLING", Off, k_wall,
          "[/FLOW:F/DOMAIN:D/BOUNDARY:Hull/MESH MOTION]\nOption = Specified Displacement\n"},
         {"JNTORRIGIDBDYCOUPLING", Elsewhere, k_wall,
@@ -68,6 +74,8 @@ std::vector<KeywordCase> domainKeywordCases()
         {"ELECTRIC", Off, k_wall,
          "[/FLOW:F/DOMAIN:D/FLUID MODELS/ELECTROMAGNETIC MODEL]\nElectric Field Model = None\n"
          "Magnetic Field Model = Magnetic Vector Potential\n"},
+        {"ELECTRIC", Off, k_wall,
+         "[/FLOW:F/DOMAIN:D/SOLID MODELS/ELECTROMAGNETIC MODEL]\nElectric Field Model = None\n"},
         {"ELECTRIC", Elsewhere, k_wall,
          "[/FLOW:F/DOMAIN:E/FLUID MODELS/ELECTROMAGNETIC MODEL]\nElectric Field Model = Electric "
          "Potential\n"},
@@ -81,6 +89,8 @@ std::vector<KeywordCase> domainKeywordCases()
         {"MAGNETIC", Off, k_wall,
          "[/FLOW:F/DOMAIN:D/FLUID MODELS/ELECTROMAGNETIC MODEL]\nElectric Field Model = Electric Potential\n"
          "Magnetic Field Model = None\n"},
+        {"MAGNETIC", Off, k_wall,
+         "[/FLOW:F/DOMAIN:D/SOLID MODELS/ELECTROMAGNETIC MODEL]\nMagnetic Field Model = None\n"},
         {"MAGNETIC", Elsewhere, k_wall,
          "[/FLOW:F/DOMAIN:E/FLUID MODELS/ELECTROMAGNETIC MODEL]\n"
          "Magnetic Field Model = Magnetic Vector Potential\n"},
@@ -220,6 +230,13 @@ std::vector<KeywordCase> domainKeywordCases()
         {"COMPRESSIBLE", Off, k_wall,
          "[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Gas]\nMaterial = Air\n"
          "[/LIBRARY/MATERIAL:Air/EQUATION OF STATE]\nOption = Value\nDensity = 1.2 [kg m^-3]\n"},
+        {"COMPRESSIBLE", Off, k_water,
+         "[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Water]\nMaterial = Sea\n"
+         "[/LIBRARY/MATERIAL:Sea/EQUATION OF STATE]\nOption = Value\nDensity = 1025 [kg m^-3]\n"},
+        {"COMPRESSIBLE", Off, k_wall,
+         "[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Water]\nMaterial = Brine\n"
+         "[/LIBRARY/MATERIAL:Brine]\nComponents = Salt, Lake\n"
+         "[/LIBRARY/MATERIAL:Lake/EQUATION OF STATE]\nOption = Value\nDensity = 998 [kg m^-3]\n"},
         {"COMPRESSIBLE", Elsewhere, k_wall,
          "[/FLOW:F/DOMAIN:E/FLUID DEFINITION:Gas]\nMaterial = Air\n"
          "[/LIBRARY/MATERIAL:Air/EQUATION OF STATE]\nOption = Ideal Gas\n"},

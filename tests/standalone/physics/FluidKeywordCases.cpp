@@ -68,6 +68,12 @@ void addFluidDependent(Cases& p_cases, const char* p_keyword, const char* p_mode
         {p_keyword, On, k_water, dependent + fluid("Water", p_model, p_on) + fluid("Air", p_model, p_off)});
     p_cases.push_back({p_keyword, Elsewhere, k_water,
                        dependent + fluid("Water", p_model, p_off) + fluid("Air", p_model, p_on)});
+
+    // To say so chooses no model, whatever else is set
+    const std::string noChoice = "Option = Fluid Dependent" + p_on.substr(p_on.find('\n'));
+    p_cases.push_back({p_keyword, Off, k_wall, allFluids(p_model, noChoice)});
+    p_cases.push_back({p_keyword, Off, k_wall, fluid("Water", p_model, noChoice)});
+    p_cases.push_back({p_keyword, Off, k_water, fluid("Water", p_model, noChoice)});
 }
 
 void addTurbulence(Cases& p_cases, const char* p_keyword, const char* p_on, const char* p_off = "Laminar")
@@ -86,6 +92,7 @@ void addFlame(Cases& p_cases, const char* p_keyword, const char* p_model, const 
     addModel(p_cases, p_keyword, p_model, p_on, p_off);
     addOtherFluid(p_cases, p_keyword, p_model, p_on, p_off);
     p_cases.push_back({p_keyword, On, k_wall, k_particles + fluid("Water", p_model, p_on)});
+    p_cases.push_back({p_keyword, Off, k_wall, k_particles + fluid("Water", p_model, p_off)});
     p_cases.push_back({p_keyword, Off, k_wall, k_twoFluids + fluid("Water", p_model, p_on)});
 }
 
@@ -137,6 +144,7 @@ void addTurbulenceModels(Cases& p_cases)
     addTurbulence(p_cases, "TURBULENT", "SST");
     addTurbulence(p_cases, "TURBULENT", "Zero Equation");
     // What depends on the fluid holds outside them where any of them is turbulent
+    p_cases.push_back({"TURBULENT", Off, k_wall, fluid("Air", "TURBULENCE MODEL", "Option = Laminar\n")});
     p_cases.push_back({"TURBULENT", On, k_wall, fluid("Air", "TURBULENCE MODEL", "Option = LES\n")});
 
     addTurbulence(p_cases, "ZETM", "Zero Equation", "SST");
@@ -147,8 +155,9 @@ void addTurbulenceModels(Cases& p_cases)
     addTurbulence(p_cases, "RSM", "Reynolds Stress", "SST");
     addTurbulence(p_cases, "LES", "LES", "Detached Eddy");
     addTurbulence(p_cases, "DES", "Detached Eddy", "LES");
-    addTurbulence(p_cases, "TRANSITIONAL", "SST\nTransition = Gamma Theta",
+    addTurbulence(p_cases, "TRANSITIONAL", "k omega\nTransition = Gamma Theta",
                   "SST\nTransition = Fully Turbulent");
+    addTurbulence(p_cases, "TRANSITIONAL", "Detached Eddy\nTransition = Specified Intermittency");
     addTurbulence(p_cases, "TRANSITIONAL", "SST\nTransition = Intermittency",
                   "LES\nTransition = Intermittency");
 }
@@ -160,6 +169,14 @@ void addHeat(Cases& p_cases)
     addModel(p_cases, "THERMAL", "HEAT TRANSFER MODEL", on, off);
     addOtherFluid(p_cases, "THERMAL", "HEAT TRANSFER MODEL", on, off);
     addModel(p_cases, "THERMAL", "HEAT TRANSFER MODEL", "Option = Isothermal\n", off);
+    p_cases.push_back(
+        {"THERMAL", Off, k_wall, "[/FLOW:F/DOMAIN:D/SOLID MODELS/HEAT TRANSFER MODEL]\nOption = None\n"});
+    p_cases.push_back(
+        {"THERMAL", Off, k_wall, allFluids("HEAT TRANSFER MODEL", "Option = Fluid Dependent\n")});
+    p_cases.push_back(
+        {"THERMAL", Off, k_water, fluid("Water", "HEAT TRANSFER MODEL", "Option = Fluid Dependent\n")});
+    p_cases.push_back({"THERMAL", Off, k_wall,
+                       allFluids("HEAT TRANSFER MODEL", off) + fluid("Air", "HEAT TRANSFER MODEL", on)});
     p_cases.push_back({"THERMAL", On, k_wall,
                        "[/FLOW:F/DOMAIN:D/SOLID MODELS/HEAT TRANSFER MODEL]\nOption = Thermal Energy\n"});
     // Where it depends on the fluid, any fluid that is heated makes the domain so: what stands outside the fluids, or
@@ -194,9 +211,14 @@ void addRadiation(Cases& p_cases)
     addModel(p_cases, "RADIATION", "THERMAL RADIATION MODEL", "Option = Rosseland\n", off);
     addOtherFluid(p_cases, "RADIATION", "THERMAL RADIATION MODEL", "Option = Discrete Transfer\n", off);
     addFluidDependent(p_cases, "RADIATION", "THERMAL RADIATION MODEL", "Option = P1\n", off);
+    p_cases.push_back({"RADIATION", Off, k_wall, fluid("Air", "THERMAL RADIATION MODEL", off)});
     p_cases.push_back({"RADIATION", On, k_wall, fluid("Air", "THERMAL RADIATION MODEL", "Option = P1\n")});
     p_cases.push_back({"RADIATION", On, k_wall,
                        "[/FLOW:F/DOMAIN:D/SOLID MODELS/THERMAL RADIATION MODEL]\nOption = Monte Carlo\n"});
+
+    const std::string solids = "[/FLOW:F/DOMAIN:D/SOLID MODELS/THERMAL RADIATION MODEL]\n";
+    p_cases.push_back({"RADIATION", Off, k_wall, solids + off});
+    p_cases.push_back({"RADIATION", Off, k_wall, solids + "Option = Fluid Dependent\n"});
 
     const std::string bands = "Option = Monte Carlo\nSpectral Model = Multiband\n";
     for (const char* without :
@@ -206,8 +228,11 @@ void addRadiation(Cases& p_cases)
         addOtherFluid(p_cases, "MULTIBAND", "THERMAL RADIATION MODEL", bands, without);
         addFluidDependent(p_cases, "MULTIBAND", "THERMAL RADIATION MODEL", bands, without);
     }
-    p_cases.push_back(
-        {"MULTIBAND", On, k_wall, "[/FLOW:F/DOMAIN:D/SOLID MODELS/THERMAL RADIATION MODEL]\n" + bands});
+    p_cases.push_back({"MULTIBAND", On, k_wall, solids + bands});
+    for (const char* without :
+         {"Option = Monte Carlo\nSpectral Model = Gray\n", "Option = None\nSpectral Model = Multiband\n",
+          "Option = Fluid Dependent\nSpectral Model = Multiband\n", "Spectral Model = Multiband\n"})
+        p_cases.push_back({"MULTIBAND", Off, k_wall, solids + without});
 }
 
 void addCombustionModels(Cases& p_cases)
@@ -220,6 +245,8 @@ void addCombustionModels(Cases& p_cases)
     addCombustion(p_cases, "FRC", "Finite Rate and Eddy Dissipation", "None");
     addCombustion(p_cases, "PREMIXED", "Premixed", "Finite Rate");
     addCombustion(p_cases, "PREMIXED", "G Equation", "Laminar Flamelet");
+    addCombustion(p_cases, "PREMIXED", "Burning Velocity", "Eddy Dissipation");
+    addCombustion(p_cases, "PREMIXED", "Extended Coherent Flame", "None");
     addCombustion(p_cases, "BVM", "Burning Velocity", "Extended Coherent Flame");
     addCombustion(p_cases, "ECFM", "Extended Coherent Flame", "Burning Velocity");
     addCombustion(p_cases, "GEQN", "G Equation", "Premixed");

@@ -81,6 +81,22 @@ TEST(ShippedPhysics, LooksOnlyAtObjectsAndParametersThatTheRulesKnow)
     EXPECT_GT(looks, 90U);
 }
 
+TEST(ShippedPhysics, TellsTheFluidThatConsistsOfComponents)
+{
+    // Given two fluids of which one is a mixture; the keywords cannot tell them apart, since the domain has components
+    const ModelTree model = modelOf("[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Sea]\nMaterial = Brine\n"
+                                    "[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Air]\nMaterial = Air\n"
+                                    "[/LIBRARY/MATERIAL:Air]\nOption = Pure Substance\n"
+                                    "[/LIBRARY/MATERIAL:Brine]\nOption = Variable Composition Mixture\n");
+    const PhysicsBook& physics = shippedPhysics();
+
+    EXPECT_TRUE(
+        physics.evalBool("anyDomFluFMCompsForFluid", "/FLOW:F/DOMAIN:D/FLUID MODELS/FLUID:Sea", &model));
+    EXPECT_FALSE(
+        physics.evalBool("anyDomFluFMCompsForFluid", "/FLOW:F/DOMAIN:D/FLUID MODELS/FLUID:Air", &model));
+    EXPECT_TRUE(physics.evalBool("anyComponentsForDomain", "/FLOW:F/DOMAIN:D", &model));
+}
+
 TEST(ShippedPhysics, AnswersNoEverywhereInAnEmptyModel)
 {
     const ModelTree model;
