@@ -209,8 +209,8 @@ ListedItem callbackItem(const Definitions& p_definitions, const CatalogueDefinit
 Listing listVariables(const Definitions& p_definitions)
 {
     Listing listing;
-    listing.columns = {{"Name", 12},  {"Long Name", 30}, {"Units", 14}, {"Quantity", 26}, {"Type", 7},
-                       {"Scope", 14}, {"Used In", 12},   {"Needs", 16}, {"Old Names"}};
+    listing.columns = {{"Name", 12},  {"Long Name", 28}, {"Units", 13}, {"Quantity", 25}, {"Type", 7},
+                       {"Scope", 18}, {"Used In", 12},   {"Needs", 16}, {"Old Names"}};
     for (const CatalogueDefinition& definition : p_definitions.catalogue().all())
         if (definition.kind == DefinitionKind::Variable && isVariable(p_definitions, definition.name))
             listing.items.push_back(variableItem(p_definitions, definition));
