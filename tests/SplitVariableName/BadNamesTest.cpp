@@ -217,7 +217,7 @@ TEST_F(BadName, KeepsWhatStandsBehindANullCharacter)
 
 TEST_F(BadName, MayHoldAnOperatorBehindANullCharacter)
 {
-    const SplitVariableName name(std::string("a\0+b", 4), nullptr);
+    const SplitVariableName name(std::string("a\0+b", 4), m_host.rootNameFinder());
 
     EXPECT_EQ(name.type(), SplitVariableName::NotVariable);
     EXPECT_THAT(m_host.calls(), IsEmpty());
@@ -227,7 +227,7 @@ TEST_F(BadName, KeepsBytesThatAreNoUtf8)
 {
     const std::string fullName = "\xC3\x28\xFF.\x80\xFE";
     // 0x28 is an opening bracket: the text is judged by its bytes
-    EXPECT_EQ(SplitVariableName(fullName, nullptr).type(), SplitVariableName::NotVariable);
+    EXPECT_EQ(SplitVariableName(fullName, m_host.rootNameFinder()).type(), SplitVariableName::NotVariable);
 
     const std::string withoutBracket = "\xC3\xFF.\x80\xFE";
     m_host.variableName(withoutBracket).hasRoot("\x80\xFE");

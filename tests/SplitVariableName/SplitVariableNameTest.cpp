@@ -54,7 +54,7 @@ TEST_F(SplitName, HoldsTheValuesThatHostsRelyOn)
 
 TEST_F(SplitName, IsEmptyForAnEmptyNameWithoutAskingAnybody)
 {
-    const SplitVariableName name("", nullptr);
+    const SplitVariableName name = split("");
 
     EXPECT_EQ(name.type(), SplitVariableName::Empty);
     EXPECT_EQ(name.fullName(), "");
@@ -75,7 +75,7 @@ protected:
 
 TEST_P(TextWithAnOperatorOrBracket, IsNoVariableWithoutAskingAnybody)
 {
-    const SplitVariableName name(GetParam().text, nullptr);
+    const SplitVariableName name(GetParam().text, m_host.rootNameFinder());
 
     EXPECT_EQ(name.type(), SplitVariableName::NotVariable);
     EXPECT_EQ(name.fullName(), GetParam().text);
