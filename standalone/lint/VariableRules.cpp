@@ -30,20 +30,6 @@ const std::vector<std::string> k_fieldVariableTexts {"Yes", "No", "True", "False
 // Callbacks are checked against these, whatever else there is.
 constexpr std::array k_coordinates {"x", "y", "z", "r", "theta", "raxis", "taxis", "aaxis"};
 
-/// The quantities that definitions name and the units know; for suggestions.
-std::vector<std::string> quantitiesInUse(const LintInput& p_input)
-{
-    std::set<std::string> used;
-    for (const LintDefinition& variable : p_input.variables())
-        used.emplace(variable.text("Quantity"));
-    for (const LintParameter& parameter : p_input.parameters())
-        used.insert(parameter.rule->quantity);
-    std::erase_if(used, [&](const std::string& p_quantity) {
-        return !p_input.definitions().units().quantityUnits(p_quantity);
-    });
-    return {used.begin(), used.end()};
-}
-
 }    // namespace
 
 void findUnknownScopes(const LintInput& p_input, LintReport& p_report)
@@ -79,11 +65,12 @@ void findMissingQuantities(const LintInput& p_input, LintReport& p_report)
 
 void findUnknownQuantities(const LintInput& p_input, LintReport& p_report)
 {
-    const std::vector<std::string> known = quantitiesInUse(p_input);
+    const UnitSystem& units = p_input.definitions().units();
+    const std::vector<std::string> known = units.allQuantities();
     for (const LintDefinition& variable : p_input.variables())
     {
         const LintText quantity = valueOf(variable.section, "Quantity");
-        if (quantity.text.empty() || p_input.definitions().units().quantityUnits(quantity.text))
+        if (quantity.text.empty() || units.quantityUnits(quantity.text))
             continue;
         const std::string nearest = hint(quantity.text, known);
         p_report.at(quantity, fmt::format("The quantity {} of variable {} is not among the definitions of "

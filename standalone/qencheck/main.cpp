@@ -1,5 +1,6 @@
 #include "CheckCommand.h"
 #include "ExitStatus.h"
+#include "LintCommand.h"
 #include "ListCommand.h"
 #include "Options.h"
 #include "Subcommand.h"
@@ -40,6 +41,7 @@ int main(int p_argc, char** p_argv)
 
     const std::vector<qencheck::Subcommand> subcommands {
         qencheck::addCheckCommand(app),
+        qencheck::addLintCommand(app),
         qencheck::addListCommand(app),
     };
     for (const qencheck::Subcommand& subcommand : subcommands)
