@@ -87,6 +87,15 @@ bool ObjectPattern::hasEach() const
     return std::ranges::any_of(m_pieces, [](const Piece& p_piece) { return p_piece.then == Then::Each; });
 }
 
+void ObjectPattern::addLevels(std::set<std::string, std::less<>>& p_types) const
+{
+    if (!m_from.empty())
+        p_types.insert(m_from);
+    for (const Piece& piece : m_pieces)
+        if (piece.then == Then::NameOf)
+            p_types.insert(piece.type);
+}
+
 bool ObjectPattern::visit(const std::string& p_objectPath, const ModelQCL& p_model,
                           const std::function<bool(const std::string& p_path)>& p_visitor) const
 {
@@ -120,6 +129,16 @@ bool ObjectPattern::visitFrom(std::size_t p_piece, std::string p_path, const std
         }
     }
     return p_visitor(p_path);
+}
+
+std::string_view upToLevels(std::string_view p_path, const std::set<std::string, std::less<>>& p_types)
+{
+    std::size_t end = 0;
+    PathLevel level;
+    for (std::string_view rest = p_path; takeLevel(rest, level);)
+        if (p_types.contains(level.type))
+            end = p_path.size() - rest.size();
+    return p_path.substr(0, end);
 }
 
 std::string_view lastNameOf(std::string_view p_path)

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,9 @@ public:
 
     /// Whether it stands for an object on the path of the one from which it is seen.
     bool isOnPath() const { return m_pieces.empty(); }
+
+    /// Adds the types of the levels of an object's path on which it depends where the pattern leads from there.
+    void addLevels(std::set<std::string, std::less<>>& p_types) const;
 
     /// Whether the objects for which it stands have names.
     bool endsWithName() const { return m_endsWithName; }
@@ -56,6 +60,9 @@ private:
     std::vector<Piece> m_pieces;
     bool m_endsWithName = false;
 };
+
+/// The leading part of a path up to the last level of any of the types; empty when it has none.
+std::string_view upToLevels(std::string_view p_path, const std::set<std::string, std::less<>>& p_types);
 
 /// The name of the last level of a path; empty when it has none.
 std::string_view lastNameOf(std::string_view p_path);

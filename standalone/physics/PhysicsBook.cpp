@@ -88,6 +88,12 @@ void PhysicsBook::visitLooks(const std::function<void(const Look& p_look)>& p_vi
         }
 }
 
+std::string_view PhysicsBook::decidingPath(std::string_view p_query, std::string_view p_objectPath) const
+{
+    const PhysicsQuery* query = m_impl->find(p_query);
+    return query ? upToLevels(p_objectPath, query->levels) : p_objectPath;
+}
+
 bool PhysicsBook::evalBool(const std::string& p_query, const std::string& p_objectPath,
                            const ModelQCL* p_model) const
 {

@@ -56,6 +56,10 @@ public:
     /// Visits what the conditions of all queries look at, in the order of the queries' names.
     void visitLooks(const std::function<void(const Look& p_look)>& p_visit) const;
 
+    /// The leading part of an asked path on which the query's answer depends: asked there, it answers the same. The
+    /// path itself for a query that is not defined.
+    std::string_view decidingPath(std::string_view p_query, std::string_view p_objectPath) const;
+
     /// False for a query that is not defined, which is recorded. A list holds when it is not empty. Costs as much as
     /// the model has objects among which the query's conditions look; a question that would look at more than
     /// 4,000,000 of them, counted as often as it looks, is given up and false.

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -59,6 +60,8 @@ struct PhysicsQuery {
     PhysicsPlace place;    ///< of its latest section, or of that of its first condition
     PhysicsAnswer answer = PhysicsAnswer::All;
     std::vector<PhysicsCondition> conditions;    ///< in the order in which they first came
+    std::set<std::string, std::less<>>
+        levels;    ///< types of the levels of the asked path that its answer depends on
 };
 
 /// By name. Queries stay where they are.

@@ -1,5 +1,6 @@
 #include "physics/PhysicsReader.h"
 
+#include "physics/PhysicsLinks.h"
 #include "rules/RuleText.h"
 #include "rules/RuleTree.h"
 #include "text/Blanks.h"
@@ -14,6 +15,8 @@ namespace {
 
 constexpr std::string_view k_queryLevel = "QUERY";
 constexpr std::string_view k_conditionLevel = "CONDITION";
+constexpr std::size_t k_mostConditions = 100;     // of a query
+constexpr std::size_t k_mostSuggestions = 100;    // of the queries that may be meant; each looks at all
 constexpr std::size_t k_longestPattern = 2048;    // bytes; an object's path cannot be longer
 
 // clang-format off
@@ -54,6 +57,11 @@ std::optional<SectionPath> readSectionPath(std::string_view p_path)
         return std::nullopt;
     path.condition = level.name;
     return path;
+}
+
+bool hasCondition(const PhysicsQuery& p_query, std::string_view p_name)
+{
+    return std::ranges::find(p_query.conditions, p_name, &PhysicsCondition::name) != p_query.conditions.end();
 }
 
 std::size_t conditionNamed(PhysicsQuery& p_query, std::string_view p_name)
@@ -121,6 +129,13 @@ void PhysicsReader::readQuery(const QclObject& p_text)
         p_text.parameters, [](const QclParameter& p_key) { return p_key.name != "Answer"; });
     if (!isOfQuery || hasConditionKeys)
     {
+        if (query.conditions.size() == k_mostConditions && !hasCondition(query, path->condition))
+        {
+            report(placeOf(p_text), "too-many-conditions",
+                   "The query " + quotedShort(query.name) + " has more than " +
+                       std::to_string(k_mostConditions) + " conditions.");
+            return;
+        }
         m_sections.push_back({&p_text, &query, conditionNamed(query, path->condition)});
         query.conditions[m_sections.back().condition].place = placeOf(p_text);
     }
@@ -344,7 +359,8 @@ void PhysicsReader::checkAsked(const AskedQuery& p_asked)
 {
     if (p_asked.name.empty() || !isOfThisDocument(p_asked.place) || m_queries.contains(p_asked.name))
         return;
-    const std::string nearest = nearestName(p_asked.name, queryNames());
+    const std::string nearest =
+        m_suggestions++ < k_mostSuggestions ? nearestName(p_asked.name, queryNames()) : std::string();
     report(p_asked.place, "unknown-query",
            "No section defines the query " + quotedShort(p_asked.name) + "." +
                (nearest.empty() ? "" : " Did you mean '" + nearest + "'?"));
@@ -395,136 +411,6 @@ void PhysicsReader::unknownKey(const QclParameter& p_key, const QclObject& p_tex
     message += nearest.empty() ? " Expected " + listed(known) + "." : " Did you mean '" + nearest + "'?";
     report({m_number, p_key.place, static_cast<std::uint32_t>(p_key.name.size())}, "unknown-definition-key",
            std::move(message));
-}
-
-namespace {
-
-/// Walks the queries along what they ask, without recursion: definitions may be as long as they like.
-class QueryWalk {
-public:
-    QueryWalk(PhysicsQueries& p_queries, std::size_t p_number, Diagnostics& p_problems)
-        : m_queries(p_queries), m_number(p_number), m_problems(p_problems)
-    {}
-
-    void run()
-    {
-        for (auto& query : m_queries)
-            visit(query.second);
-    }
-
-private:
-    static constexpr std::size_t k_mostLevels = 32;
-
-    struct Visit {
-        const PhysicsQuery* query;
-        std::vector<AskedQuery*> asked;
-        std::size_t next = 0;    // of those, to look at
-    };
-
-    struct Seen {
-        bool isDone = false;
-        std::size_t levels = 1;    // that asking it goes down, itself included
-    };
-
-    void visit(PhysicsQuery& p_query)
-    {
-        if (!m_seen.contains(&p_query))
-            enter(p_query);
-        while (!m_path.empty())
-        {
-            Visit& top = m_path.back();
-            if (top.next == top.asked.size())
-                leave();
-            else if (!look(*top.query, *top.asked[top.next]))
-                ++top.next;
-        }
-    }
-
-    void enter(PhysicsQuery& p_query)
-    {
-        m_seen[&p_query] = {};
-        Visit visit {&p_query, {}};
-        for (PhysicsCondition& condition : p_query.conditions)
-            for (AskedQuery* asked : {&condition.query, &condition.onlyIf})
-            {
-                asked->query = nullptr;
-                if (!asked->name.empty() && m_queries.contains(asked->name))
-                    visit.asked.push_back(asked);
-            }
-        m_path.push_back(std::move(visit));
-    }
-
-    void leave()
-    {
-        m_seen[m_path.back().query].isDone = true;
-        m_path.pop_back();
-    }
-
-    /// @return Whether the asked query was entered, and is to be looked at once more when it is done.
-    bool look(const PhysicsQuery& p_asking, AskedQuery& p_asked)
-    {
-        PhysicsQuery& query = m_queries.find(p_asked.name)->second;
-        const auto seen = m_seen.find(&query);
-        if (seen == m_seen.end())
-        {
-            enter(query);
-            return true;
-        }
-        if (!seen->second.isDone)
-            reportCircle(query);
-        else if (seen->second.levels >= k_mostLevels)
-            report(p_asked.place, "query-too-deep",
-                   "The query asks others more than " + std::to_string(k_mostLevels) + " levels deep.");
-        else
-        {
-            std::size_t& levels = m_seen[&p_asking].levels;
-            levels = std::max(levels, seen->second.levels + 1);
-            p_asked.query = &query;
-        }
-        return false;
-    }
-
-    // At the last place on the circle that this document holds; it closed the circle.
-    void reportCircle(const PhysicsQuery& p_first)
-    {
-        auto visit =
-            std::ranges::find_if(m_path, [&](const Visit& p_visit) { return p_visit.query == &p_first; });
-        constexpr std::ptrdiff_t k_mostShown = 20;
-        std::string chain = m_path.end() - visit > k_mostShown ? "... -> " : "";
-        PhysicsPlace place;
-        for (; visit != m_path.end(); ++visit)
-        {
-            if (m_path.end() - visit <= k_mostShown)
-                chain += quotedShort(visit->query->name) + " -> ";
-            const PhysicsPlace& asks = visit->asked[visit->next]->place;
-            if (asks.document == m_number && asks.place >= place.place)
-                place = asks;
-        }
-        report(place, "query-cycle",
-               "Queries that ask each other never come to an answer: " + chain + quotedShort(p_first.name) +
-                   ".");
-    }
-
-    // What earlier documents brought about was reported with them.
-    void report(const PhysicsPlace& p_place, const char* p_identifier, std::string p_message)
-    {
-        if (p_place.document == m_number)
-            m_problems.push_back(
-                {Severity::Error, p_identifier, std::move(p_message), p_place.place, p_place.length});
-    }
-
-    PhysicsQueries& m_queries;
-    std::size_t m_number;
-    Diagnostics& m_problems;
-    std::map<const PhysicsQuery*, Seen> m_seen;
-    std::vector<Visit> m_path;
-};
-
-}    // namespace
-
-void resolvePhysicsQueries(PhysicsQueries& p_queries, std::size_t p_number, Diagnostics& p_problems)
-{
-    QueryWalk(p_queries, p_number, p_problems).run();
 }
 
 }    // namespace qen::standalone

@@ -56,13 +56,9 @@ private:
     std::size_t m_number;
     PhysicsQueries& m_queries;
     Diagnostics& m_problems;
-    std::vector<Section> m_sections;                // that hold keys of conditions
+    std::vector<Section> m_sections;    // that hold keys of conditions
+    std::size_t m_suggestions = 0;
     std::set<const PhysicsQuery*> m_withBadKeys;    // which may be the ones that are missed
 };
-
-/// Ties the conditions to the queries that they ask, and reports what keeps a question from coming to an end: queries
-/// that ask each other in a circle or more than 32 levels deep. Only what the document of that number brought about is
-/// reported. A condition that closes a circle asks nothing.
-void resolvePhysicsQueries(PhysicsQueries& p_queries, std::size_t p_number, Diagnostics& p_problems);
 
 }    // namespace qen::standalone

@@ -2,6 +2,7 @@
 #include "ShippedPhysics.h"
 
 #include "checking/CaseChecker.h"
+#include "physics/PhysicsAnswers.h"
 #include "SplitVariableName.h"
 
 #include <gmock/gmock.h>
@@ -57,6 +58,25 @@ TEST_P(AvailabilityKeyword, HoldsWhereItsPhysicsIsSwitchedOn)
     const std::string keyword = GetParam().keyword;
     EXPECT_EQ(checker.isPhysicallyAvailable(anyVariable, {keyword}, GetParam().at), isOn);
     EXPECT_EQ(checker.isPhysicallyAvailable(anyVariable, {"!" + keyword}, GetParam().at), !isOn);
+}
+
+TEST_P(AvailabilityKeyword, HoldsAlikeWhereAnswersAreKept)
+{
+    // Given answers that were first asked for at other places of the domain and its fluids
+    const ModelTree model = modelOf(GetParam().text);
+    const NoShortNames shortNames;
+    const PhysicsAnswers answers(shippedPhysics(), model, [&] { return model.version(); });
+    const VarAvailabilityChecker checker(&model, &shortNames, &answers);
+    const VarAvailabilityChecker afresh(&model, &shortNames, &shippedPhysics());
+    const SplitVariableName anyVariable("", nullptr);
+
+    // Then they are those that the queries give afresh
+    for (const char* path : {"/FLOW:F/DOMAIN:D", "/FLOW:F/DOMAIN:D/SUBDOMAIN:S/SOURCES/FLUID:Air",
+                             "/FLOW:F/DOMAIN:D/INITIALISATION/FLUID:Water", "/FLOW:F/DOMAIN:E/BOUNDARY:B",
+                             "/FLOW:F/DOMAIN:D/FLUID PAIR:Air | Water", GetParam().at})
+        EXPECT_EQ(checker.isPhysicallyAvailable(anyVariable, {GetParam().keyword}, path),
+                  afresh.isPhysicallyAvailable(anyVariable, {GetParam().keyword}, path))
+            << path;
 }
 
 TEST_P(AvailabilityKeyword, IsShownByACaseThatTheRulesKnow)

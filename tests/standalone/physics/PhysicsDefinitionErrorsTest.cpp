@@ -238,6 +238,24 @@ TEST(PhysicsDefinitionErrors, LimitHowDeepQueriesAskOthers)
         ElementsAre(ErrorAt(2, 9, 2, "query-too-deep", "The query asks others more than 32 levels deep.")));
 }
 
+TEST(PhysicsDefinitionErrors, LimitTheNumberOfConditions)
+{
+    const auto conditions = [](int p_count) {
+        std::string text;
+        for (int i = 0; i < p_count; ++i)
+            text += "[/QUERY:q/CONDITION:c" + std::to_string(i) + "]\nObject = {FLOW}\n";
+        return text;
+    };
+    PhysicsBook fine;
+    PhysicsBook tooMany;
+
+    EXPECT_THAT(addQueries(fine, conditions(100)), IsEmpty());
+    EXPECT_THAT(addQueries(fine, "[/QUERY:q/CONDITION:c99]\nNegate = Yes\n"), IsEmpty());
+    EXPECT_THAT(addQueries(tooMany, conditions(101)),
+                ElementsAre(ErrorAt(201, 2, 23, "too-many-conditions",
+                                    "The query 'q' has more than 100 conditions.")));
+}
+
 TEST(PhysicsDefinitionErrors, LimitTheLengthOfAPath)
 {
     PhysicsBook physics;
