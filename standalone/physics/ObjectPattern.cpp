@@ -16,6 +16,9 @@ std::optional<std::string_view> typeInBraces(std::string_view p_text)
     return p_text.substr(1, p_text.size() - 2);
 }
 
+/// Whether a text that stands as it is holds a sign that stands for something else.
+bool hasSign(std::string_view p_text) { return p_text.find_first_of("{}*") != std::string_view::npos; }
+
 /// The leading part of a path up to its nearest, that is last, level of a type; empty when there is none.
 std::string_view upToNearest(std::string_view p_path, std::string_view p_type)
 {
@@ -39,7 +42,7 @@ std::optional<ObjectPattern> ObjectPattern::read(std::string_view p_text)
     {
         const std::size_t end = std::min(rest.find('}'), rest.size() - 1);
         const std::optional<std::string_view> type = typeInBraces(rest.substr(0, end + 1));
-        if (!type)
+        if (!type || hasSign(*type))
             return std::nullopt;
         pattern.m_from = *type;
         pattern.m_endsWithName = true;
@@ -52,7 +55,7 @@ std::optional<ObjectPattern> ObjectPattern::read(std::string_view p_text)
     PathLevel level;
     while (!rest.empty())
     {
-        if (!takeLevel(rest, level) || (level.hasName && level.name.empty()))
+        if (!takeLevel(rest, level) || hasSign(level.type) || (level.hasName && level.name.empty()))
             return std::nullopt;
         pattern.m_endsWithName = level.hasName;
         piece.text.append("/");
@@ -70,10 +73,14 @@ std::optional<ObjectPattern> ObjectPattern::read(std::string_view p_text)
         piece.text += ':';
         if (const std::optional<std::string_view> type = typeInBraces(level.name))
         {
+            if (hasSign(*type))
+                return std::nullopt;
             piece.then = Then::NameOf;
             piece.type = *type;
             pattern.m_pieces.push_back(std::exchange(piece, {}));
         }
+        else if (hasSign(level.name))
+            return std::nullopt;
         else
             piece.text += level.name;
     }

@@ -106,7 +106,8 @@ bool PhysicsEvaluation::namesOneThatFits(const PhysicsCondition& p_condition, co
     bool isFound = false;
     for (const std::string& name : StringUtilities::splitValue(p_value, ','))
         p_condition.names->visit(p_path, m_model, [&](const std::string& p_objects) {
-            const std::string named = p_objects + ":" + name;
+            std::string named = p_objects;
+            named.append(":").append(name);
             isFound =
                 takeStep() && !name.empty() && m_model.objectExists(named) && holds(p_condition.query, named);
             return !isFound;

@@ -199,17 +199,23 @@ TEST(PhysicsBook, GivesUpAQuestionThatMultiplies)
     for (int i = 0; i < 8; ++i)
         text += "[/QUERY:q" + std::to_string(i) + "]\nObject = {FLOW}/DOMAIN:*\nQuery = q" +
                 std::to_string(i + 1) + "\n";
-    const PhysicsBook physics =
-        physicsOf(text + "[/QUERY:q8]\nObject = {DOMAIN}\nParameter = Type\nIs = Solid\n");
+    const PhysicsBook physics = physicsOf(
+        text +
+        "[/QUERY:all]\nAnswer = List\nObject = {FLOW}/DOMAIN:*\nQuery = q0\nIf = any\n"
+        "[/QUERY:any]\nObject = {FLOW}\n[/QUERY:q8]\nObject = {DOMAIN}\nParameter = Type\nIs = Solid\n");
     const ModelTree model = modelOf(manyDomains(100));
 
     // Then the question ends, is false, and is remembered
     EXPECT_FALSE(physics.evalBool("q0", "/FLOW:F", &model));
     EXPECT_THAT(physics.endlessQueries(), ElementsAre("q0"));
 
+    // And so is a list of objects at which it is asked
+    EXPECT_THAT(physics.evalList("all", "/FLOW:F", &model), IsEmpty());
+    EXPECT_THAT(physics.endlessQueries(), ElementsAre("all", "q0"));
+
     // And one that looks at fewer is answered
     EXPECT_FALSE(physics.evalBool("q6", "/FLOW:F", &model));
-    EXPECT_THAT(physics.endlessQueries(), ElementsAre("q0"));
+    EXPECT_THAT(physics.endlessQueries(), ElementsAre("all", "q0"));
 }
 
 }    // namespace

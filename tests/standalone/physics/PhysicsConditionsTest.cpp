@@ -33,6 +33,12 @@ Option = Laminar
 [/FLOW:F/DOMAIN:Duct]
 Domain Type = Solid
 
+[/FLOW:F/INTERFACE:I]
+Sides = Nowhere, Duct
+Gaps = , Tank
+[/FLOW:G/INTERFACE:I]
+Sides = Duct
+
 [/LIBRARY/MATERIAL:Air]
 State = Gas
 [/LIBRARY/MATERIAL:Brine]
@@ -120,6 +126,9 @@ INSTANTIATE_TEST_SUITE_P(Physics, PhysicsCondition, testing::Values(
     ConditionCase {"FollowsTheNamesOfEachObject", "Object = {DOMAIN}/FLUID DEFINITION:*\nParameter = Material\nNames = /LIBRARY/MATERIAL\nQuery = isGas", k_tank, true},
     ConditionCase {"NeedsTheNamedObject", "Object = {DOMAIN}/FLUID DEFINITION:*\nParameter = Material\nNames = /LIBRARY/MATERIAL\nAt Least = 2", k_tank, true},
     ConditionCase {"MissesTheNamedObject", "Object = {DOMAIN}\nParameter = Location\nNames = /LIBRARY/MATERIAL", k_tank, false},
+    ConditionCase {"FollowsANameSeenFromTheObject", "Object = {FLOW}/INTERFACE:I\nParameter = Sides\nNames = {FLOW}/DOMAIN", k_tank, true},
+    ConditionCase {"FollowsANameInTheObjectsOwnFlow", "Object = /FLOW:G/INTERFACE:I\nParameter = Sides\nNames = {FLOW}/DOMAIN", k_tank, false},
+    ConditionCase {"SkipsAnEmptyPieceOfAListOfNames", "Object = {FLOW}/INTERFACE:I\nParameter = Gaps\nNames = {FLOW}/DOMAIN", k_tank, true},
     ConditionCase {"AsksAnotherQueryAtTheSameObject", "Query = isGas", "/LIBRARY/MATERIAL:Air", true},
     ConditionCase {"TurnsRoundAnotherQuery", "Query = isGas\nNegate = Yes", "/LIBRARY/MATERIAL:Air", false},
     ConditionCase {"AsksAnotherQueryAtEachObject", "Object = /LIBRARY/MATERIAL:*\nQuery = isGas\nAt Most = 1\nAt Least = 1", "", true},
@@ -217,6 +226,23 @@ Is = Transport Equation
     const ModelTree model = modelOf(k_dyes);
 
     EXPECT_THAT(physics.evalList("transported", "/FLOW:F/DOMAIN:D", &model), ElementsAre("Zinc"));
+}
+
+TEST(PhysicsLists, HoldNothingWhereTheConditionsQueryFails)
+{
+    const PhysicsBook physics = physicsOf(R"(
+[/QUERY:hasSolids]
+Object = {DOMAIN}/SOLID MODELS
+[/QUERY:all]
+Answer = List
+If = hasSolids
+Object = {DOMAIN}/FLUID MODELS/ADDITIONAL VARIABLE:*
+)");
+    const ModelTree model = modelOf(k_dyes);
+    const ModelTree withoutSolids = modelOf("[/FLOW:F/DOMAIN:D/FLUID MODELS/ADDITIONAL VARIABLE:Dye]\n");
+
+    EXPECT_THAT(physics.evalList("all", "/FLOW:F/DOMAIN:D", &model), ElementsAre("Zinc", "Dye"));
+    EXPECT_THAT(physics.evalList("all", "/FLOW:F/DOMAIN:D", &withoutSolids), IsEmpty());
 }
 
 TEST(PhysicsLists, CountAsTrueWhenTheyAreNotEmpty)

@@ -103,6 +103,26 @@ INSTANTIATE_TEST_SUITE_P(Physics, PhysicsDefinitionError, testing::Values(
         "[/QUERY:q]\nObject = {DOMAIN}/BOUNDARY:\n", 2, 10, 18, "bad-query-value",
         "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or '{DOMAIN}/BOUNDARY:*', "
         "but found '{DOMAIN}/BOUNDARY:'."},
+    ErrorCase {"NameWithAnOpenBrace",
+        "[/QUERY:q]\nObject = {DOMAIN}/FLUID:{FLUID\n", 2, 10, 21, "bad-query-value",
+        "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or '{DOMAIN}/BOUNDARY:*', "
+        "but found '{DOMAIN}/FLUID:{FLUID'."},
+    ErrorCase {"NameThatGoesOnBehindABrace",
+        "[/QUERY:q]\nObject = {DOMAIN}/FLUID:{FLUID}s\n", 2, 10, 23, "bad-query-value",
+        "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or '{DOMAIN}/BOUNDARY:*', "
+        "but found '{DOMAIN}/FLUID:{FLUID}s'."},
+    ErrorCase {"PartOfANameForEach",
+        "[/QUERY:q]\nObject = {DOMAIN}/FLUID:Air*\n", 2, 10, 19, "bad-query-value",
+        "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or '{DOMAIN}/BOUNDARY:*', "
+        "but found '{DOMAIN}/FLUID:Air*'."},
+    ErrorCase {"EachOfATypeWithoutAName",
+        "[/QUERY:q]\nObject = {DOMAIN}/*\n", 2, 10, 10, "bad-query-value",
+        "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or '{DOMAIN}/BOUNDARY:*', "
+        "but found '{DOMAIN}/*'."},
+    ErrorCase {"TypeInTwoBraces",
+        "[/QUERY:q]\nObject = {{DOMAIN}}/FLUID\n", 2, 10, 16, "bad-query-value",
+        "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or '{DOMAIN}/BOUNDARY:*', "
+        "but found '{{DOMAIN}}/FLUID'."},
     ErrorCase {"NamesThatAreNamed",
         "[/QUERY:q]\nObject = {DOMAIN}\nParameter = Material\nNames = /LIBRARY/MATERIAL:Air\n", 4, 9, 21,
         "bad-query-value",
