@@ -82,9 +82,9 @@ void findBlanksInAvailabilities(const LintInput& p_input, LintReport& p_report)
             if (isOneOf(known, keyword.meant) && keyword.word != keyword.meant)
                 p_report.at(piece,
                             fmt::format("The physical availability {} of variable {} has a blank behind "
-                                        "its '!', so that it {} holds. Expected '{}{}'.",
+                                        "its '!', so that it {} holds. Expected {}.",
                                         inQuotes(piece.text), inQuotes(variable.name), keyword.holds,
-                                        keyword.signs, keyword.meant));
+                                        inQuotes(keyword.signs + std::string(keyword.meant))));
         }
 }
 

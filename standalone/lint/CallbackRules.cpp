@@ -112,11 +112,10 @@ void findTextsBesideResultUnits(const LintInput& p_input, LintReport& p_report)
         if (open == std::string_view::npos || close == std::string_view::npos || close < open)
             continue;    // refused when it is loaded
         if (open > 0 || close + 1 < text.text.size())
-            p_report.at(text,
-                        fmt::format("Of the 'Result Units' {} of callback function {} only '{}' counts. "
-                                    "Expected units in one pair of brackets.",
-                                    inQuotes(text.text), inQuotes(callback.name),
-                                    text.text.substr(open, close - open + 1)));
+            p_report.at(text, fmt::format("Of the 'Result Units' {} of callback function {} only {} counts. "
+                                          "Expected units in one pair of brackets.",
+                                          inQuotes(text.text), inQuotes(callback.name),
+                                          inQuotes(text.text.substr(open, close - open + 1))));
     }
 }
 

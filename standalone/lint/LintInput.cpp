@@ -21,14 +21,6 @@ LintText nameOf(const CatalogueDefinition& p_definition)
     return {path.substr(offset), {p_definition.document, p_definition.section}, place};
 }
 
-/// Takes a key's names as they are registered: old component names count only where there is one for each component.
-void addNames(LintDefinition& p_definition, std::string_view p_key, bool p_onlyWhenComplete)
-{
-    const std::vector<LintText> names = listOf(p_definition.section, p_key);
-    if (!p_onlyWhenComplete || names.size() == componentCount(p_definition))
-        p_definition.names.insert(p_definition.names.end(), names.begin(), names.end());
-}
-
 LintDefinition definitionFrom(const CatalogueDefinition& p_definition)
 {
     LintDefinition definition {
@@ -40,13 +32,14 @@ LintDefinition definitionFrom(const CatalogueDefinition& p_definition)
     for (const char* key : {"Long Name", "Old Short Name", "Old Long Name"})
         if (const LintText name = valueOf(definition.section, key); !name.text.empty())
             definition.names.push_back(name);
-    if (componentCount(definition) == 0)
-        return definition;
-
-    for (const char* key : {"Component Short Names", "Component Long Names"})
-        addNames(definition, key, false);
-    for (const char* key : {"Old Component Short Names", "Old Component Long Names"})
-        addNames(definition, key, true);
+    for (const char* key : {"Component Short Names", "Component Long Names", "Old Component Short Names",
+                            "Old Component Long Names"})
+    {
+        // Old names count only where there is one for each component; without all the others nothing is loaded.
+        const std::vector<LintText> names = listOf(definition.section, key);
+        if (names.size() == componentCount(definition))
+            definition.names.insert(definition.names.end(), names.begin(), names.end());
+    }
     return definition;
 }
 

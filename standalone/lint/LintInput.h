@@ -4,8 +4,7 @@
 #include "qcl/QclDocument.h"
 #include "rules/RuleBook.h"
 
-#include <cstdint>
-#include <set>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>

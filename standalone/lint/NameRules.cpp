@@ -99,8 +99,9 @@ void findOperatorsNamedAsVariables(const LintInput& p_input, LintReport& p_repor
         for (const LintText& name : oper.names)
             if (const auto variable = variables.find(name.text); variable != variables.end())
                 p_report.at(name, fmt::format("The operator {} has the name of the variable at {}, so that "
-                                              "'A.{}' can be read in two ways. Expected another name.",
-                                              inQuotes(name.text), placeText(variable->second), name.text));
+                                              "{} can be read in two ways. Expected another name.",
+                                              inQuotes(name.text), placeText(variable->second),
+                                              inQuotes("A." + std::string(name.text))));
 }
 
 void findCallbacksNamedAsFunctions(const LintInput& p_input, LintReport& p_report)

@@ -45,8 +45,7 @@ std::string whyNotHeld(const std::string& p_path, const std::string& p_name)
     if (!document.problems.empty())
         return document.problems.front().message;
 
-    const bool hasObject = document.objects.size() == 1 && document.objects.front().path == p_path;
-    if (hasObject && (p_name.empty() || document.objects.front().find(p_name)))
+    if (p_name.empty() || document.objects.front().find(p_name))
         return {};
     return "There the line '" + p_name + " = 1' does not set a parameter of that name.";
 }
@@ -173,7 +172,8 @@ void findUnknownDependencies(const LintInput& p_input, LintReport& p_report)
                                                         "'ANY', 'XYZ' or 'XYZT'."));
             }
             else if (found->second != word)
-                report(parameter, word, fmt::format("which is no short name. Expected '{}'.", found->second));
+                report(parameter, word,
+                       fmt::format("which is no short name. Expected {}.", inQuotes(found->second)));
         }
     }
 }

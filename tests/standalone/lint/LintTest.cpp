@@ -174,8 +174,8 @@ const LintCase k_cases[] {
      "[/VARIABLE OPERATOR:rate]\nLong Name = Rate of Change\nTensor Type = SCALAR\nComponent Long Names = Rate x, Rate y, Rate z\n",
      4, 24, "Rate x, Rate y, Rate z", "The 'Component Long Names' of 'rate' are not read, for it is a SCALAR. Expected none, or another 'Tensor Type'."},
     {"TooFewOldComponents", "lint-old-component-count", k_warning, k_variables,
-     "[/VARIABLE:w]\nTensor Type = VECTOR\nComponent Short Names = w1, w2, w3\nComponent Long Names = ww1, ww2, ww3\nOld Component Long Names = wx, wy\n",
-     5, 28, "wx, wy", "The 'Old Component Long Names' of variable 'w' are not read, for there are 2 of them. Expected 3."},
+     "[/VARIABLE:w]\nTensor Type = VECTOR\nComponent Short Names = w1, w2, w3\nComponent Long Names = ww1, ww2, ww3\nOld Component Long Names = e, wy\n",
+     5, 28, "e, wy", "The 'Old Component Long Names' of variable 'w' are not read, for there are 2 of them. Expected 3."},
     {"TooManyOldComponentsOfATensor", "lint-old-component-count", k_warning, k_variables,
      "[/VARIABLE:w]\nTensor Type = SYMTEN2\nComponent Short Names = w1, w2, w3, w4, w5, w6\nComponent Long Names = v1, v2, v3, v4, v5, v6\nOld Component Short Names = a, b, c, d, ee, f, gg\n",
      5, 29, "a, b, c, d, ee, f, gg", "The 'Old Component Short Names' of variable 'w' are not read, for there are 7 of them. Expected 6."},
@@ -260,6 +260,9 @@ const LintCase k_cases[] {
     {"CrossedBoundsWithoutAQuantity", "lint-crossed-bounds", k_error, k_rules,
      "[/FLOW/DOMAIN/PARAMETER:Number of Blades]\nLower Bound = 100\n",
      2, 15, "100", "The lower bound '100' of parameter 'Number of Blades' is above its upper bound '99'."},
+    {"BoundsThatALaterFileCrosses", "lint-crossed-bounds", k_error, k_rules,
+     "[/FLOW/DOMAIN/PARAMETER:Number of Blades]\nUpper Bound = 0\n",
+     25, 15, "1", "The lower bound '1' of parameter 'Number of Blades' is above its upper bound '0'."},
     {"DependencyThatIsMisspelt", "lint-unknown-dependency", k_error, k_rules,
      "[/FLOW/DOMAIN/PARAMETER:Gap]\nType = Real\nQuantity = Length\nDepends On = XYZ, thetta\n",
      4, 19, "thetta", "The parameter 'Gap' is said to depend on 'thetta', which is no variable. Did you mean 'theta'?"},
@@ -404,6 +407,34 @@ TEST(Lint, TakesACoordinateByAnyNameOfAVariable)
     folder.write("VARIABLES.qcl", variables);
 
     EXPECT_THAT(lintDefinitions(Definitions({folder.path()})), IsEmpty());
+}
+
+TEST(Lint, FindsEachEmptyPieceAndTakesThemForNoWordThatIsTwice)
+{
+    const DefinitionFolder folder;
+    folder.write("VARIABLES.qcl", "[/VARIABLE:T]\nTensor Type = SCALAR\nVariable Class = A,,,B\n");
+
+    const auto emptyAt = [](std::uint32_t p_column) {
+        return isFinding(
+            {"", "lint-empty-piece", k_error, "VARIABLES.qcl", "", 3, p_column, "",
+             "The 'Variable Class' of 'T' have an empty piece. Expected a word or name before and "
+             "behind each comma."});
+    };
+    EXPECT_THAT(lintDefinitions(Definitions({k_clean, folder.path()})),
+                ElementsAre(emptyAt(20), emptyAt(21)));
+}
+
+TEST(Lint, GivesFindingsInTheOrderOfLinesWhateverTheirRule)
+{
+    const DefinitionFolder folder;
+    folder.write("VARIABLES.qcl", "[/VARIABLE:step]\nTensor Type = SCALAR\n"
+                                  "[/VARIABLE:T]\nTensor Type = SCALAR\nVariable Scope = PHASES\n"
+                                  "[/VARIABLE:floor]\nTensor Type = SCALAR\nVariable Scope = GLOBALS\n");
+
+    std::vector<std::uint32_t> lines;
+    for (const Finding& finding : lintDefinitions(Definitions({k_clean, folder.path()})))
+        lines.push_back(finding.line);
+    EXPECT_THAT(lines, ElementsAre(1U, 5U, 6U, 8U));
 }
 
 // The message of these names the place of another definition, which stands in a folder of the test.
