@@ -5,7 +5,6 @@
 
 #include "Error.h"
 #include "ErrorReporter.h"
-#include "QCLPath.h"
 #include "StringUtilities.h"
 
 #include <algorithm>
@@ -45,21 +44,34 @@ constexpr std::array<std::string_view, 5> k_callbackKeys {
     "CallBack Type", "Locator Dimension", "Number of Arguments", "Result Units", "Tensor Type",
 };
 
+static_assert(std::ranges::is_sorted(k_variableKeys) && std::ranges::is_sorted(k_operatorKeys) &&
+              std::ranges::is_sorted(k_callbackKeys));
+
 constexpr std::array<DefinitionForm, static_cast<std::size_t>(DefinitionKind::Count)> k_forms {{
     {DefinitionKind::Variable, "VARIABLE", k_variableKeys},
     {DefinitionKind::Operator, "VARIABLE OPERATOR", k_operatorKeys},
     {DefinitionKind::CallbackFunction, "CALLBACK FUNCTION", k_callbackKeys},
 }};
 
-/// The kind of a section; `Count` where its path is that of no definition.
-DefinitionKind kindOf(const QCLPath& p_path)
+struct KindAndName {
+    DefinitionKind kind;
+    std::string_view name;
+};
+
+/// What a section defines; of kind `Count` where its path is that of no definition.
+KindAndName definedBy(std::string_view p_path)
 {
-    if (p_path.size() != 1 || p_path.getLastName().empty())
-        return DefinitionKind::Count;
-    const std::string type = p_path.getLastType();
+    constexpr KindAndName k_nothing {DefinitionKind::Count, {}};
+    const std::size_t colon = p_path.find(':');
+    if (!p_path.starts_with('/') || colon == std::string_view::npos)
+        return k_nothing;
+    const std::string_view type = p_path.substr(1, colon - 1);
+    const std::string_view name = p_path.substr(colon + 1);
+    if (name.empty() || name.find_first_of("/:") != std::string_view::npos)
+        return k_nothing;
     const auto* const form = std::find_if(k_forms.begin(), k_forms.end(),
                                           [&](const DefinitionForm& p_form) { return p_form.type == type; });
-    return form == k_forms.end() ? DefinitionKind::Count : form->kind;
+    return form == k_forms.end() ? k_nothing : KindAndName {form->kind, name};
 }
 
 std::string expectedSections()
@@ -74,13 +86,16 @@ std::string expectedSections()
     return text;
 }
 
-void checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_problems)
+/// @return Whether all are known.
+bool checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_problems)
 {
+    bool allKnown = true;
     const std::span<const std::string_view> keys = formOf(p_definition.kind).keys;
     for (const QclParameter& parameter : p_definition.section->parameters)
     {
-        if (std::find(keys.begin(), keys.end(), parameter.name) != keys.end())
+        if (std::binary_search(keys.begin(), keys.end(), std::string_view(parameter.name)))
             continue;
+        allKnown = false;
         std::string message =
             "Unknown key '" + parameter.name + "' in the definition '" + p_definition.section->path + "'.";
         const std::string nearest = nearestName(parameter.name, {keys.begin(), keys.end()});
@@ -90,30 +105,56 @@ void checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_
                                         parameter.place, static_cast<std::uint32_t>(parameter.name.size())},
                                        *p_definition.document));
     }
+    return allKnown;
 }
 
-std::map<std::string, std::string> parametersOf(const QclObject& p_section)
-{
-    std::map<std::string, std::string> parameters;
-    for (const QclParameter& parameter : p_section.parameters)
-        parameters.emplace(parameter.name, parameter.value);
-    return parameters;
-}
+/// A section's keys and texts as the stores take them. Most sections have the keys of the one before, in its order:
+/// only the texts are exchanged then.
+class Parameters {
+public:
+    /// @return Whether there are the same keys as before.
+    bool take(const QclObject& p_section)
+    {
+        std::size_t taken = 0;
+        for (; taken < std::min(p_section.parameters.size(), m_inOrderOfText.size()); ++taken)
+        {
+            const QclParameter& parameter = p_section.parameters[taken];
+            if (parameter.name != m_inOrderOfText[taken]->first)
+                break;
+            m_inOrderOfText[taken]->second = parameter.value;
+        }
+        if (taken == p_section.parameters.size() && taken == m_inOrderOfText.size())
+            return true;
+
+        m_texts.clear();
+        m_inOrderOfText.clear();
+        for (const QclParameter& parameter : p_section.parameters)
+            m_inOrderOfText.push_back(m_texts.emplace(parameter.name, parameter.value).first);
+        if (m_texts.size() != p_section.parameters.size())    // the first of two alike counts: exchange none
+            m_inOrderOfText.clear();
+        return false;
+    }
+
+    const std::map<std::string, std::string>& texts() const { return m_texts; }
+
+private:
+    std::map<std::string, std::string> m_texts;
+    std::vector<std::map<std::string, std::string>::iterator> m_inOrderOfText;
+};
 
 void addTo(PreVariableDefStore& p_variables, ExprCBFuncStore& p_callbacks,
-           const CatalogueDefinition& p_definition)
+           const CatalogueDefinition& p_definition, const std::map<std::string, std::string>& p_parameters)
 {
-    const std::map<std::string, std::string> parameters = parametersOf(*p_definition.section);
     switch (p_definition.kind)
     {
     case DefinitionKind::Variable:
-        p_variables.addVariableDefinition(p_definition.name, parameters);
+        p_variables.addVariableDefinition(p_definition.name, p_parameters);
         break;
     case DefinitionKind::Operator:
-        p_variables.addVariableOperatorDefinition(p_definition.name, parameters);
+        p_variables.addVariableOperatorDefinition(p_definition.name, p_parameters);
         break;
     case DefinitionKind::CallbackFunction:
-        p_callbacks.addCBDefinition(p_definition.name, parameters);
+        p_callbacks.addCBDefinition(p_definition.name, p_parameters);
         break;
     case DefinitionKind::Count:
         break;
@@ -156,16 +197,17 @@ Finding CatalogueDefinition::findingAt(std::string_view p_key, Severity p_severi
 
 void CatalogueDefinitions::add(const QclDocument& p_document)
 {
+    m_sections.reserve(m_sections.size() + p_document.objects.size());
+    m_byPath.reserve(m_byPath.size() + p_document.objects.size());
     for (const QclObject& section : p_document.objects)
     {
-        const QCLPath path(section.path);
-        const DefinitionKind kind = kindOf(path);
-        m_sections.push_back({{kind, path.getLastName(), &p_document, &section}});
+        const auto [kind, name] = definedBy(section.path);
+        m_sections.push_back({{kind, std::string(name), &p_document, &section}});
         if (kind == DefinitionKind::Count)
             continue;
 
         const std::size_t latest = m_sections.size() - 1;
-        const auto [known, isNew] = m_byName.try_emplace({kind, path.getLastName()}, latest);
+        const auto [known, isNew] = m_byPath.try_emplace(section.path, latest);
         if (!isNew)
             m_sections[std::exchange(known->second, latest)].isReplaced = true;
     }
@@ -174,6 +216,16 @@ void CatalogueDefinitions::add(const QclDocument& p_document)
 void CatalogueDefinitions::load(PreVariableDefStore& p_variables, ExprCBFuncStore& p_callbacks,
                                 std::vector<Finding>& p_problems) const
 {
+    const CatalogueDefinition* reported = nullptr;
+    World world = currentWorld();
+    world.onReport = [&](const ErrorMsg& p_message) {
+        p_problems.push_back(
+            reported->finding(Severity::Warning, "definition-warning", p_message.getMessage()));
+    };
+    const WorldScope scope(world);
+
+    Parameters parameters;
+    DefinitionKind checkedKind = DefinitionKind::Count;    // to which the keys at hand are known
     for (const auto& [definition, isReplaced] : m_sections)
     {
         if (definition.kind == DefinitionKind::Count)
@@ -184,20 +236,16 @@ void CatalogueDefinitions::load(PreVariableDefStore& p_variables, ExprCBFuncStor
                                                         expectedSections() + "."));
             continue;
         }
-        checkKeys(definition, p_problems);
+        const bool sameKeys = parameters.take(*definition.section);
+        if (!sameKeys || definition.kind != checkedKind)
+            checkedKind = checkKeys(definition, p_problems) ? definition.kind : DefinitionKind::Count;
         if (isReplaced)
             continue;
 
-        const CatalogueDefinition& reported = definition;
-        World world = currentWorld();
-        world.onReport = [&](const ErrorMsg& p_message) {
-            p_problems.push_back(
-                reported.finding(Severity::Warning, "definition-warning", p_message.getMessage()));
-        };
-        const WorldScope scope(world);
+        reported = &definition;
         try
         {
-            addTo(p_variables, p_callbacks, definition);
+            addTo(p_variables, p_callbacks, definition, parameters.texts());
         }
         catch (const Error& error)
         {

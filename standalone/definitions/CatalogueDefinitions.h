@@ -8,11 +8,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace qen::standalone {
@@ -72,7 +71,7 @@ private:
     };
 
     std::vector<Section> m_sections;
-    std::map<std::pair<DefinitionKind, std::string>, std::size_t> m_byName;
+    std::unordered_map<std::string_view, std::size_t> m_byPath;    // of the sections, in the documents
 };
 
 }    // namespace qen::standalone

@@ -1,5 +1,8 @@
 #include "qcl/PlainText.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace qen::standalone {
 
 namespace {
@@ -41,11 +44,38 @@ bool isControlCharacter(std::string_view p_sequence)
     return lead == 0xC2 && static_cast<unsigned char>(p_sequence[1]) < 0xA0;
 }
 
+constexpr std::size_t k_word = sizeof(std::uint64_t);
+
+/// Whether the eight bytes are ASCII without control characters.
+bool isPlainWord(const char* p_bytes)
+{
+    constexpr std::uint64_t k_each = 0x0101010101010101U;
+    constexpr std::uint64_t k_highBits = 0x80 * k_each;
+
+    std::uint64_t word = 0;
+    std::memcpy(&word, p_bytes, k_word);
+    // In a word without high bits, adding carries into no other byte, and the high bit tells the larger ones.
+    return (word & k_highBits) == 0 && ((word + (0x80 - 0x20) * k_each) & k_highBits) == k_highBits &&
+           ((word + (0x80 - 0x7F) * k_each) & k_highBits) == 0;
+}
+
+/// The length of a stretch at the beginning of a text that is ASCII without control characters: all of the text, or the
+/// words of eight bytes before the first that is not.
+std::size_t plainBytes(std::string_view p_text)
+{
+    std::size_t at = 0;
+    for (; at + k_word <= p_text.size(); at += k_word)
+        if (!isPlainWord(p_text.data() + at))
+            return at;
+    const bool wasLong = at != 0;    // the last word then overlaps the one before
+    return wasLong && isPlainWord(p_text.data() + p_text.size() - k_word) ? p_text.size() : at;
+}
+
 }    // namespace
 
 TextFault findTextFault(std::string_view p_line)
 {
-    for (std::size_t at = 0; at < p_line.size();)
+    for (std::size_t at = plainBytes(p_line); at < p_line.size();)
     {
         const std::size_t length = sequenceLength(p_line.substr(at));
         if (length == 0)

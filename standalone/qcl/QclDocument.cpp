@@ -23,7 +23,7 @@ std::string_view SourceFile::line(std::uint32_t p_number) const
 SourcePlace QclParameter::placeInValue(std::size_t p_offset) const
 {
     const std::size_t offset = std::min(p_offset, value.size());
-    const auto behind = std::ranges::upper_bound(pieces, offset, {}, &Piece::offset);
+    const Piece* const behind = std::ranges::upper_bound(pieces, offset, {}, &Piece::offset);
     const Piece& piece = behind == pieces.begin() ? pieces.front() : *std::prev(behind);
 
     SourcePlace result = piece.place;

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,10 +34,36 @@ struct QEN_STANDALONE_API QclParameter {
         SourcePlace place;
     };
 
+    /// At least one piece, in order, the first at offset 0. Only a value of several lines has memory of its own.
+    class Pieces {
+    public:
+        Pieces() = default;
+        Pieces(std::initializer_list<Piece> p_pieces) : Pieces(std::span(p_pieces)) {}
+
+        explicit Pieces(std::span<const Piece> p_pieces)
+        {
+            if (p_pieces.size() == 1)
+                m_only = p_pieces.front();
+            else
+                m_several.assign(p_pieces.begin(), p_pieces.end());
+        }
+
+        const Piece* begin() const { return m_several.empty() ? &m_only : m_several.data(); }
+        const Piece* end() const { return begin() + size(); }
+        std::size_t size() const { return m_several.empty() ? 1 : m_several.size(); }
+        const Piece& operator[](std::size_t p_number) const { return begin()[p_number]; }
+        bool empty() const { return false; }
+        const Piece& front() const { return *begin(); }
+
+    private:
+        Piece m_only;
+        std::vector<Piece> m_several;    // empty where there is only one
+    };
+
     std::string name;
     std::string value;
-    SourcePlace place;            ///< of the name
-    std::vector<Piece> pieces;    ///< at least one, in order, the first at offset 0
+    SourcePlace place;    ///< of the name
+    Pieces pieces;
 
     /// Where the byte of the value stands in the file; the place behind the last one for a larger offset.
     SourcePlace placeInValue(std::size_t p_offset) const;

@@ -13,6 +13,7 @@
 #include <limits>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -97,7 +98,25 @@ private:
         std::string_view operator()(const QclParameter& p_parameter) const { return p_parameter.name; }
     };
 
-    std::string_view line() const { return m_document.files[m_place.file].line(m_place.line); }
+    /// A parameter's name that is in order, with its latest object, and where it stands there.
+    struct KnownName {
+        std::string text;
+        std::uint32_t follower = 0;    // the name that stood behind it the last time
+        std::uint32_t object = 0xFFFFFFFF;
+        std::uint32_t parameter = 0;
+    };
+
+    struct TextOf {
+        std::string_view operator()(const KnownName& p_name) const { return p_name.text; }
+    };
+
+    std::string_view line() const { return m_line; }
+
+    void goToLine(std::uint32_t p_number)
+    {
+        m_place.line = p_number;
+        m_line = m_document.files[m_place.file].line(p_number);
+    }
 
     bool isLastLine() const { return m_place.line >= m_document.files[m_place.file].lineStarts.size(); }
 
@@ -165,9 +184,13 @@ private:
         m_open.push_back({number, identityOf(p_path)});
         m_section = Section::None;
         for (; m_place.line <= m_document.files[number].lineStarts.size() && !m_stopped; ++m_place.line)
+        {
+            goToLine(m_place.line);
             readLine();
+        }
         m_open.pop_back();
         m_place = outerPlace;
+        goToLine(m_place.line);    // whose file may have moved
     }
 
     void readLine()
@@ -244,14 +267,24 @@ private:
             return report(*fault, path);
 
         m_section = Section::Object;
+        const std::size_t parametersBefore =
+            m_document.objects.empty() ? 0 : m_document.objects.back().parameters.size();
         m_object = m_objectIndex.find(m_document.objects, path);
         if (m_object == NameIndex<PathOf>::k_none)
         {
             m_object = static_cast<std::uint32_t>(m_document.objects.size());
-            m_document.objects.push_back({std::string(path), placeOf(path), {}});
+            QclObject& object = m_document.objects.emplace_back();
+            object.path = path;
+            object.place = placeOf(path);
+            object.parameters.reserve(parametersBefore);    // all in all no more than there are
             m_objectIndex.addNext(m_document.objects);
-            m_parameterIndex.emplace_back();
+            m_reopened = nullptr;
+            return;
         }
+        const auto [reopened, isFirstTime] = m_reopenedObjects.try_emplace(m_object);
+        m_reopened = &reopened->second;
+        if (isFirstTime)
+            m_reopened->rebuild(m_document.objects[m_object].parameters);
     }
 
     void readInclude(std::string_view p_text, bool p_clean)
@@ -320,46 +353,90 @@ private:
         readBytesOf(path, std::move(std::get<std::string>(bytes)));
     }
 
-    /// Whether a parameter of that name, which stands on the current line, may be added to the current object.
-    bool checkPlaceOfParameter(std::string_view p_name)
+    /// The known name with that text, made known where it is in order; null where it is not, which is reported.
+    KnownName* nameInOrder(std::string_view p_name)
     {
-        if (const std::optional<NameFault> fault = findParameterNameFault(p_name, m_limits))
+        // Names mostly follow one another as they did before.
+        if (m_latestName < m_names.size())
+            if (const std::uint32_t next = m_names[m_latestName].follower; m_names[next].text == p_name)
+                return &m_names[m_latestName = next];
+
+        std::uint32_t number = m_nameIndex.find(m_names, p_name);
+        if (number == NameIndex<TextOf>::k_none)
         {
-            report(*fault, p_name);
-            return false;
+            if (const std::optional<NameFault> fault = findParameterNameFault(p_name, m_limits))
+            {
+                report(*fault, p_name);
+                return nullptr;
+            }
+            number = static_cast<std::uint32_t>(m_names.size());
+            m_names.emplace_back().text = p_name;
+            m_nameIndex.addNext(m_names);
         }
+        if (m_latestName < m_names.size())
+            m_names[m_latestName].follower = number;
+        m_latestName = number;
+        return &m_names[number];
+    }
+
+    /// Where a name stands among the parameters of the current object; none where it does not.
+    std::optional<std::size_t> positionInObject(const KnownName& p_name) const
+    {
+        if (p_name.object == m_object)
+            return p_name.parameter;
+        if (!m_reopened)    // all its parameters stand in this section
+            return std::nullopt;
+        const std::uint32_t position = m_reopened->find(m_document.objects[m_object].parameters, p_name.text);
+        return position == NameIndex<NameOf>::k_none ? std::nullopt : std::optional<std::size_t>(position);
+    }
+
+    /// Adds a parameter of that name, which stands on the current line, to the current object; null, with a report,
+    /// where that may not be.
+    QclParameter* addParameter(std::string_view p_name)
+    {
+        KnownName* const name = nameInOrder(p_name);
+        if (!name)
+            return nullptr;
 
         switch (m_section)
         {
         case Section::Faulty:
-            return false;
+            return nullptr;
         case Section::None:
             report(
                 QclProblem::ParameterOutsideSection, placeOf(p_name), p_name.size(),
                 fmt::format("The parameter {} belongs to no object. Expected a section header '[/TYPE:name]' "
                             "before it.",
                             inQuotes(p_name)));
-            return false;
+            return nullptr;
         case Section::NeededAfterInclude:
             report(QclProblem::SectionAfterInclude, placeOf(p_name), p_name.size(),
                    fmt::format("The parameter {} stands behind an include. Expected a section header "
                                "'[/TYPE:name]' before it.",
                                inQuotes(p_name)));
-            return false;
+            return nullptr;
         case Section::Object:
             break;
         }
 
-        const QclObject& object = m_document.objects[m_object];
-        const std::uint32_t first = m_parameterIndex[m_object].find(object.parameters, p_name);
-        if (first == NameIndex<NameOf>::k_none)
-            return true;
+        QclObject& object = m_document.objects[m_object];
+        if (const std::optional<std::size_t> first = positionInObject(*name))
+        {
+            report(QclProblem::DuplicateParameter, placeOf(p_name), p_name.size(),
+                   fmt::format("The parameter {} is given twice in object {}: in line {} and in line {}.",
+                               inQuotes(p_name), inQuotes(object.path),
+                               lineFromHere(object.parameters[*first].place), m_place.line));
+            return nullptr;
+        }
 
-        report(QclProblem::DuplicateParameter, placeOf(p_name), p_name.size(),
-               fmt::format("The parameter {} is given twice in object {}: in line {} and in line {}.",
-                           inQuotes(p_name), inQuotes(object.path),
-                           lineFromHere(object.parameters[first].place), m_place.line));
-        return false;
+        name->object = m_object;
+        name->parameter = static_cast<std::uint32_t>(object.parameters.size());
+        QclParameter& parameter = object.parameters.emplace_back();
+        parameter.name = p_name;
+        parameter.place = placeOf(p_name);
+        if (m_reopened)
+            m_reopened->addNext(object.parameters);
+        return &parameter;
     }
 
     /// A line's number, with its file where that is another one.
@@ -374,25 +451,16 @@ private:
     {
         const std::string_view before = trimmed(line().substr(0, p_equals));
         const std::string_view name = before.empty() ? line().substr(p_equals, 0) : before;
-        const bool wanted = p_clean && checkPlaceOfParameter(name);
+        QclParameter* const parameter = p_clean ? addParameter(name) : nullptr;
+        if (!parameter)
+            m_unwanted.value.clear();
 
-        QclParameter parameter;
-        if (wanted)
+        QclParameter& read = parameter ? *parameter : m_unwanted;
+        if (!readValue(line().substr(p_equals + 1), p_clean, read))
         {
-            parameter.name = name;
-            parameter.place = placeOf(name);
+            read.value.clear();
+            read.pieces = {read.pieces.front()};
         }
-        if (!readValue(line().substr(p_equals + 1), p_clean, parameter) && wanted)
-        {
-            parameter.value.clear();
-            parameter.pieces.resize(1);
-        }
-        if (!wanted)
-            return;
-
-        QclObject& object = m_document.objects[m_object];
-        object.parameters.push_back(std::move(parameter));
-        m_parameterIndex[m_object].addNext(object.parameters);
     }
 
     /// Reads a value from what stands behind the '=' on the current line, and the lines on which it continues.
@@ -401,6 +469,7 @@ private:
     bool readValue(std::string_view p_behindEquals, bool p_clean, QclParameter& p_parameter)
     {
         const SourcePlace begin = placeOf(p_behindEquals);
+        m_pieces.clear();
         bool good = p_clean;
         bool lineClean = p_clean;    // where it is not, that is the line's one problem
         for (std::string_view rest = p_behindEquals;;)
@@ -419,7 +488,7 @@ private:
             }
             if (good && !stretch.empty())
             {
-                p_parameter.pieces.push_back({p_parameter.value.size(), placeOf(stretch)});
+                m_pieces.push_back({p_parameter.value.size(), placeOf(stretch)});
                 p_parameter.value += stretch;
             }
 
@@ -435,24 +504,25 @@ private:
                 good = false;
                 break;
             }
-            ++m_place.line;
+            goToLine(m_place.line + 1);
             lineClean = checkText();
             good = good && lineClean;
             rest = line();
         }
 
-        trimValue(p_parameter, begin);
+        finishValue(p_parameter, begin);
         return good && checkPlaceholders(p_parameter);
     }
 
     /// Drops blanks at the end of a value, and pieces that held no more than those.
-    static void trimValue(QclParameter& p_parameter, const SourcePlace& p_begin)
+    void finishValue(QclParameter& p_parameter, const SourcePlace& p_begin)
     {
         p_parameter.value.resize(trimmedRight(p_parameter.value).size());
-        while (!p_parameter.pieces.empty() && p_parameter.pieces.back().offset >= p_parameter.value.size())
-            p_parameter.pieces.pop_back();
-        if (p_parameter.pieces.empty())
-            p_parameter.pieces.push_back({0, p_begin});
+        while (!m_pieces.empty() && m_pieces.back().offset >= p_parameter.value.size())
+            m_pieces.pop_back();
+        if (m_pieces.empty())
+            m_pieces.push_back({0, p_begin});
+        p_parameter.pieces = QclParameter::Pieces(m_pieces);
     }
 
     bool checkPlaceholders(const QclParameter& p_parameter)
@@ -461,9 +531,10 @@ private:
         const std::size_t most = value.size() <= m_limits.shortValueBytes ? m_limits.shortValuePlaceholders
                                                                           : m_limits.longValuePlaceholders;
         std::size_t count = 0;
-        for (std::size_t at = 0; at + 1 < value.size(); ++at)
+        for (std::size_t at = value.find('%'); at != std::string::npos; at = value.find('%', at + 1))
         {
-            if (!isPlaceholderThatLaterArgumentsFill(value[at], value[at + 1]) || ++count <= most)
+            if (at + 1 == value.size() || !isPlaceholderThatLaterArgumentsFill(value[at], value[at + 1]) ||
+                ++count <= most)
                 continue;
             report(
                 QclProblem::Placeholders, p_parameter.placeInValue(at), 2,
@@ -480,10 +551,18 @@ private:
     QclDocument m_document;
     std::vector<OpenFile> m_open;    // the file that is being read is the last
     SourcePlace m_place;             // the line that is being read; its column says nothing
+    std::string_view m_line;         // its text
     Section m_section = Section::None;
     std::uint32_t m_object = 0;    // the current one's position, in a section of an object
     NameIndex<PathOf> m_objectIndex;
-    std::vector<NameIndex<NameOf>> m_parameterIndex;    // as many as objects
+    std::unordered_map<std::uint32_t, NameIndex<NameOf>>
+        m_reopenedObjects;                      // those that have several sections
+    NameIndex<NameOf>* m_reopened = nullptr;    // of the current object; null in its first section
+    std::vector<KnownName> m_names;
+    NameIndex<TextOf> m_nameIndex;
+    std::uint32_t m_latestName = 0;
+    std::vector<QclParameter::Piece> m_pieces;    // of the value that is being read
+    QclParameter m_unwanted;                      // takes what belongs to no object
     std::size_t m_bytesRead = 0;
     std::size_t m_filesIncluded = 0;
     bool m_stopped = false;    // by too many problems

@@ -1,7 +1,8 @@
 #include "qcl/SourceText.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -38,14 +39,27 @@ std::variant<std::string, ReadFailure> readBytes(const std::string& p_path, std:
     if (!file)
         return unreadable(errno);
 
+    // A plain file says how large it is, though it may grow meanwhile; a byte more shows the end.
+    constexpr std::size_t k_leastStretch = std::size_t {1} << 16;
+    std::size_t stretch = k_leastStretch;
+    if (fs::is_regular_file(status))
+        if (const std::uintmax_t size = fs::file_size(p_path, failure); !failure)
+            stretch = std::max<std::size_t>(stretch, std::min<std::uintmax_t>(size, p_mostBytes) + 1);
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+
     std::string bytes;
-    std::array<char, std::size_t {1} << 16> buffer;
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get()))
+    std::size_t count = 0;
+    for (;; stretch = std::max(k_leastStretch, count))
     {
-        if (count > p_mostBytes - bytes.size())
+        bytes.resize(count + stretch);
+        const std::size_t more = std::fread(bytes.data() + count, 1, stretch, file.get());
+        count += more;
+        if (count > p_mostBytes)
             return ReadFailure {ReadFailure::Kind::TooLarge, {}};
-        bytes.append(buffer.data(), count);
+        if (more < stretch)
+            break;
     }
+    bytes.resize(count);
     if (std::ferror(file.get()))
         return unreadable(errno);
     return bytes;

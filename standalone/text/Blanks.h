@@ -8,15 +8,25 @@ namespace qen::standalone {
 /// What counts as blank around names, values and list pieces.
 inline constexpr std::string_view k_blanks = " \t\r\n";
 
+inline bool isBlank(char p_char)
+{
+    return p_char == ' ' || p_char == '\t' || p_char == '\r' || p_char == '\n';
+}
+
 inline std::string_view trimmedLeft(std::string_view p_text)
 {
-    const std::size_t first = p_text.find_first_not_of(k_blanks);
-    return first == std::string_view::npos ? std::string_view() : p_text.substr(first);
+    std::size_t begin = 0;
+    while (begin < p_text.size() && isBlank(p_text[begin]))
+        ++begin;
+    return begin == p_text.size() ? std::string_view() : p_text.substr(begin);
 }
 
 inline std::string_view trimmedRight(std::string_view p_text)
 {
-    return p_text.substr(0, p_text.find_last_not_of(k_blanks) + 1);
+    std::size_t end = p_text.size();
+    while (end > 0 && isBlank(p_text[end - 1]))
+        --end;
+    return p_text.substr(0, end);
 }
 
 /// The text without blanks at both ends; a view into it.
