@@ -1,0 +1,48 @@
+#pragma once
+
+#include "VariablePrefixInfo.h"
+
+#include "model/ModelTree.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace qen::standalone {
+
+/// What is in a material: its components, and the reactions by which it burns. A component wins over a reaction of the
+/// same name.
+class MaterialNames {
+public:
+    MaterialNames(const ModelTree& p_model, const ModelTree::Object& p_material);
+
+    /// COMPONENT, or the kind of the reaction.
+    std::optional<VariablePrefixInfo::Prefix2> find(const std::string& p_name) const;
+
+    /// In the model's order, components first.
+    const std::vector<std::string>& all() const { return m_names; }
+
+private:
+    void add(const std::string& p_name, VariablePrefixInfo::Prefix2 p_kind);
+    void addReactions(const ModelTree& p_model, const ModelTree::Object& p_listedIn);
+
+    std::vector<std::string> m_names;
+    std::unordered_map<std::string, VariablePrefixInfo::Prefix2> m_kinds;
+};
+
+/// The materials of a library, each looked at once. Made for a model as it is: worthless after its next change.
+class Materials {
+public:
+    explicit Materials(const ModelTree& p_model) : m_model(p_model) {}
+
+    /// Null for a name that the library does not have.
+    const MaterialNames* find(std::string_view p_material);
+
+private:
+    const ModelTree& m_model;
+    std::unordered_map<const ModelTree::Object*, MaterialNames> m_materials;
+};
+
+}    // namespace qen::standalone
