@@ -1,5 +1,8 @@
 #include "names/DomainNames.h"
 
+#include <set>
+#include <utility>
+
 namespace qen::standalone {
 
 namespace {
@@ -27,6 +30,11 @@ const ModelTree::Object* childOf(const ModelTree& p_model, const ModelTree::Obje
     std::string path = p_parent.path;
     path.append("/").append(p_type).append(":").append(p_name);
     return p_model.find(path);
+}
+
+VariablePrefixInfo::Prefix2 componentKind(bool p_ofParticle)
+{
+    return p_ofParticle ? VariablePrefixInfo::PARTICLE_COMPONENT : VariablePrefixInfo::COMPONENT;
 }
 
 }    // namespace
@@ -57,8 +65,18 @@ DomainNames::DomainNames(const ModelTree& p_model, const ModelTree::Object& p_do
         else if (child->type == k_pair)
             pairs.push_back({VariablePrefixInfo::FLUID_PAIR, child});
     }
+
+    std::set<std::pair<const MaterialNames*, bool>> seen;
     for (const Phase& phase : m_phases)
-        m_phasesProper += phase.kind == VariablePrefixInfo::PARTICLE ? 0U : 1U;
+    {
+        const bool isParticle = phase.kind == VariablePrefixInfo::PARTICLE;
+        m_phasesProper += isParticle ? 0U : 1U;
+        const MaterialNames* const material = materialOf(phase);
+        if (material && seen.emplace(material, isParticle).second)
+            m_contents.push_back({material, isParticle});
+        for (const ModelTree::Object* group : sizeGroupsOf(phase))
+            m_sizeGroups.insert(group->name);
+    }
     m_phases.insert(m_phases.end(), pairs.begin(), pairs.end());
 }
 
@@ -75,10 +93,8 @@ std::optional<VariablePrefixInfo::Prefix2> DomainNames::innerKind(const Phase& p
 {
     const MaterialNames* const material = materialOf(p_phase);
     const auto inMaterial = material ? material->find(p_name) : std::nullopt;
-    if (inMaterial == VariablePrefixInfo::COMPONENT && p_phase.kind == VariablePrefixInfo::PARTICLE)
-        return VariablePrefixInfo::PARTICLE_COMPONENT;
     if (inMaterial == VariablePrefixInfo::COMPONENT)
-        return inMaterial;
+        return componentKind(p_phase.kind == VariablePrefixInfo::PARTICLE);
     if (childOf(m_model, *p_phase.object, k_sizeGroup, p_name))
         return VariablePrefixInfo::SIZE_GROUP;
     return inMaterial;
@@ -86,29 +102,35 @@ std::optional<VariablePrefixInfo::Prefix2> DomainNames::innerKind(const Phase& p
 
 std::optional<VariablePrefixInfo::Prefix2> DomainNames::innerKind(const std::string& p_name) const
 {
-    for (const Phase& phase : m_phases)
-        if (const auto kind = innerKind(phase, p_name))
-            return kind;
-    return std::nullopt;
+    std::optional<VariablePrefixInfo::Prefix2> reaction;
+    for (const Contents& contents : m_contents)
+    {
+        const auto inMaterial = contents.material->find(p_name);
+        if (inMaterial == VariablePrefixInfo::COMPONENT)
+            return componentKind(contents.ofParticle);
+        if (inMaterial && !reaction)
+            reaction = inMaterial;
+    }
+    if (m_sizeGroups.contains(p_name))
+        return VariablePrefixInfo::SIZE_GROUP;
+    return reaction;
 }
 
-std::vector<std::string> DomainNames::innerNames(const Phase& p_phase) const
-{
-    const MaterialNames* const material = materialOf(p_phase);
-    std::vector<std::string> names = material ? material->all() : std::vector<std::string> {};
-    for (const ModelTree::Object* child : p_phase.object->children)
-        if (child->type == k_sizeGroup)
-            names.push_back(child->name);
-    return names;
-}
-
-/// The material of a fluid or solid; null for a pair, and where none is set or the library does not have it.
 const MaterialNames* DomainNames::materialOf(const Phase& p_phase) const
 {
     if (p_phase.kind == VariablePrefixInfo::FLUID_PAIR)
         return nullptr;
     const ModelTree::Parameter* const material = p_phase.object->find("Material");
     return material ? m_materials.find(material->value) : nullptr;
+}
+
+std::vector<const ModelTree::Object*> DomainNames::sizeGroupsOf(const Phase& p_phase)
+{
+    std::vector<const ModelTree::Object*> groups;
+    for (const ModelTree::Object* child : p_phase.object->children)
+        if (child->type == k_sizeGroup)
+            groups.push_back(child);
+    return groups;
 }
 
 }    // namespace qen::standalone

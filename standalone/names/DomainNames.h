@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 /// @file
@@ -45,20 +46,28 @@ public:
     std::optional<VariablePrefixInfo::Prefix2> innerKind(const Phase& p_phase,
                                                          const std::string& p_name) const;
 
-    /// What it means in the first phase that has it.
+    /// What it means in any phase: a component in the first phase that has it so, else a size group, else a reaction.
     std::optional<VariablePrefixInfo::Prefix2> innerKind(const std::string& p_name) const;
 
-    /// All that is in a phase: components and reactions, then size groups.
-    std::vector<std::string> innerNames(const Phase& p_phase) const;
-
-private:
+    /// The material of a fluid or solid; null for a pair, and where none is set or the library does not have it.
     const MaterialNames* materialOf(const Phase& p_phase) const;
 
+    static std::vector<const ModelTree::Object*> sizeGroupsOf(const Phase& p_phase);
+
+private:
     const ModelTree& m_model;
     const ModelTree::Object& m_domain;
     Materials& m_materials;
     std::vector<Phase> m_phases;
     std::size_t m_phasesProper = 0;
+
+    // What is in the domain, each once, however many fluids have it.
+    struct Contents {
+        const MaterialNames* material;
+        bool ofParticle;
+    };
+    std::vector<Contents> m_contents;
+    std::unordered_set<std::string_view> m_sizeGroups;    // of objects of the model
 };
 
 }    // namespace qen::standalone

@@ -9,8 +9,8 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -18,26 +18,53 @@ namespace qen::standalone {
 
 namespace {
 
-constexpr std::size_t k_shownNames = 5;
+/// The names that an error says are expected: of many only the first few.
+class ExpectedNames {
+public:
+    /// Adds the names of all elements, in a time that does not depend on how many there are.
+    template <class Elements, class NameOf>
+    void addAll(const Elements& p_elements, const NameOf& p_nameOf)
+    {
+        std::size_t i = 0;
+        for (; i < p_elements.size() && m_first.size() < k_shown; ++i)
+            m_first.push_back(quoted(p_nameOf(p_elements[i])));
+        m_more += p_elements.size() - i;
+    }
 
-/// "'Water', 'Air' or 'Oil'"; of many names the first few. There must be one at least.
-std::string oneOf(const std::vector<std::string>& p_names)
+    bool empty() const { return m_first.empty(); }
+
+    /// "'Water', 'Air' or 'Oil'"; there must be one name at least.
+    std::string text() const
+    {
+        std::string text = m_first.front();
+        for (std::size_t i = 1; i < m_first.size(); ++i)
+            text += (m_more == 0 && i + 1 == m_first.size() ? " or " : ", ") + m_first[i];
+        return m_more == 0 ? text : fmt::format("{} or one of {} more", text, m_more);
+    }
+
+private:
+    static constexpr std::size_t k_shown = 5;
+
+    std::vector<std::string> m_first;
+    std::size_t m_more = 0;
+};
+
+ExpectedNames phasesOf(const DomainNames& p_names)
 {
-    const std::size_t shown = std::min(p_names.size(), k_shownNames);
-    const std::size_t more = p_names.size() - shown;
-    std::string text = quoted(p_names.front());
-    for (std::size_t i = 1; i < shown; ++i)
-        text += (more == 0 && i + 1 == shown ? " or " : ", ") + quoted(p_names[i]);
-    return more == 0 ? text : fmt::format("{} or one of {} more", text, more);
+    ExpectedNames expected;
+    expected.addAll(p_names.phases(), [](const Phase& p_phase) { return p_phase.object->name; });
+    return expected;
 }
 
-std::vector<std::string> namesOf(const std::vector<Phase>& p_phases)
+/// What is in a phase: components and reactions, then size groups.
+ExpectedNames contentsOf(const Phase& p_phase, const DomainNames& p_names)
 {
-    std::vector<std::string> names;
-    names.reserve(p_phases.size());
-    for (const Phase& phase : p_phases)
-        names.push_back(phase.object->name);
-    return names;
+    ExpectedNames expected;
+    if (const MaterialNames* const material = p_names.materialOf(p_phase))
+        expected.addAll(material->all(), [](const std::string& p_name) { return p_name; });
+    expected.addAll(DomainNames::sizeGroupsOf(p_phase),
+                    [](const ModelTree::Object* p_group) { return p_group->name; });
+    return expected;
 }
 
 std::string outsideOfDomains(const std::string& p_prefix, const std::string& p_contextPath)
@@ -55,7 +82,7 @@ std::string notInDomain(const std::string& p_prefix, const std::string& p_domain
     return fmt::format(
         "{} names nothing in domain {}; expected {}, or a component, reaction or size group of one "
         "of these.",
-        quoted(p_prefix), quoted(p_domain), oneOf(namesOf(p_names.phases())));
+        quoted(p_prefix), quoted(p_domain), phasesOf(p_names).text());
 }
 
 std::string noPhase(const std::string& p_prefix, const std::string& p_domain, const DomainNames& p_names)
@@ -64,15 +91,15 @@ std::string noPhase(const std::string& p_prefix, const std::string& p_domain, co
         return notInDomain(p_prefix, p_domain, p_names);
     return fmt::format(
         "{} is no fluid, solid or fluid pair of domain {}; expected {} as the first of two prefixes.",
-        quoted(p_prefix), quoted(p_domain), oneOf(namesOf(p_names.phases())));
+        quoted(p_prefix), quoted(p_domain), phasesOf(p_names).text());
 }
 
 std::string notInPhase(const std::string& p_prefix, const Phase& p_phase, const DomainNames& p_names)
 {
-    const std::vector<std::string> expected = p_names.innerNames(p_phase);
+    const ExpectedNames expected = contentsOf(p_phase, p_names);
     return fmt::format("{} is no component, reaction or size group of {} {}; expected {}.", quoted(p_prefix),
                        p_phase.word(), quoted(p_phase.object->name),
-                       expected.empty() ? "no second prefix" : oneOf(expected));
+                       expected.empty() ? "no second prefix" : expected.text());
 }
 
 /// The fluid within whose settings a place lies; none outside of such.

@@ -112,6 +112,10 @@ TEST_F(PrefixTest, AComponentWinsOverASizeGroupAndThatOverAReaction)
     m_model.addObject("/FLOW:F/DOMAIN:Burner/FLUID DEFINITION:Gas/SIZE GROUP:CH4");
     m_model.addObject("/FLOW:F/DOMAIN:Burner/FLUID DEFINITION:Gas/SIZE GROUP:Flame Sheet");
 
+    EXPECT_EQ(classify(k_burner, "Gas", "CH4"), Classification(P::PHASE, "Gas", P::COMPONENT, "CH4"));
+    EXPECT_EQ(classify(k_burner, "Gas", "Flame Sheet"),
+              Classification(P::PHASE, "Gas", P::SIZE_GROUP, "Flame Sheet"));
+
     EXPECT_EQ(classify(k_burner, "CH4"), Classification(P::GLOBAL_OR_PHASE, "", P::COMPONENT, "CH4"));
     EXPECT_EQ(classify(k_burner, "Flame Sheet"),
               Classification(P::GLOBAL_OR_PHASE, "", P::SIZE_GROUP, "Flame Sheet"));
@@ -155,6 +159,9 @@ TEST_F(PrefixTest, TakesTenThousandFluidsOfOneMaterialInItsStride)
     {
         const std::string fluid = "F" + std::to_string(i);
         ASSERT_EQ(classify(k_void, fluid, "N2"), Classification(P::PHASE, fluid, P::COMPONENT, "N2"));
+        ASSERT_EQ(classify(k_void, "Flame Sheet"),
+                  Classification(P::GLOBAL, "", P::REACFLMLET, "Flame Sheet"));
+        errorFor(k_void, "N3");
     }
 }
 
