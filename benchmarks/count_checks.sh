@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Counts the instructions of full checks of the benchmarks' formulas under callgrind and fails where there are too many:
-# in multiples of muParser's for the same formulas, and as the catalogue of variables and the model grow. Unlike times,
-# the counts hardly depend on what else the machine does.
+# in multiples of muParser's for the same formulas, and as the catalogue of variables and the model grow. Likewise of
+# finding variables by their names, as the catalogue grows. Unlike times, the counts hardly depend on what else the machine does.
 #
 # usage: count_checks.sh FOLDER    the folder that holds CountedChecks
 set -euo pipefail
@@ -20,7 +20,8 @@ fi
 against_muparser=0.25      # mean of the ratios of the formulas
 larger_catalogue=1.15      # ratio of the sums: 100,000 variables to 100
 larger_model=1.5           # likewise: 100,000 objects to 10
-formulas=20
+larger_look_up=1.15        # of finding variables by name: 100,000 variables to 100
+formulas=20                # and as many names
 
 work="$(mktemp -d)"
 trap 'rm -rf "$work"' EXIT
@@ -35,19 +36,22 @@ count()
          /^totals: / && name != ""          { print name, $2; name = "" }' "$work/profile" >"$counts"
     rm "$work/profile"
     local side
-    for side in check muparser; do
+    for side in check muparser lookup; do
         if [[ $(grep -c "^$side [0-9]* [1-9]" "$counts") -ne $formulas ]]; then
-            printf 'callgrind counted not all of the %s formulas for "%s"\n' "$formulas" "$side" >&2
+            printf 'callgrind counted not all of the %s for "%s"\n' "$formulas" "$side" >&2
             return 1
         fi
     done
     echo "$counts"
 }
 
-sum_of_checks()
+# The instructions of a side in a file of counts.
+sum_of()
 {
-    awk '$1 == "check" { sum += $3 } END { printf "%d", sum }' "$1"
+    awk -v side="$1" '$1 == side { sum += $3 } END { printf "%d", sum }' "$2"
 }
+
+sum_of_checks() { sum_of check "$1"; }
 
 failed=0
 
@@ -74,6 +78,11 @@ judge 'Check to muParser, mean of the formulas' \
 judge '100,000 variables to 100' \
     "$(awk -v a="$(sum_of_checks "$many_variables")" -v b="$(sum_of_checks "$small")" \
         'BEGIN { printf "%.4f", a / b }')" "$larger_catalogue"
+printf 'Instructions to find a variable by its name in %s ways, mean: %s\n' 3 \
+    "$(($(sum_of lookup "$small") / formulas))"
+judge 'Finding by name, 100,000 variables to 100' \
+    "$(awk -v a="$(sum_of lookup "$many_variables")" -v b="$(sum_of lookup "$small")" \
+        'BEGIN { printf "%.4f", a / b }')" "$larger_look_up"
 judge '100,000 objects to 10' \
     "$(awk -v a="$(sum_of_checks "$many_objects")" -v b="$(sum_of_checks "$small")" \
         'BEGIN { printf "%.4f", a / b }')" "$larger_model"
