@@ -74,8 +74,6 @@ bool PhysicsEvaluation::holds(const PhysicsCondition& p_condition, const std::st
                 ++count;
             return count < enough;
         });
-    if (isGivenUp())
-        return false;
     const bool isWithin = count >= least && (!p_condition.atMost || count <= *p_condition.atMost);
     return isWithin != p_condition.negate;
 }
@@ -108,8 +106,7 @@ bool PhysicsEvaluation::namesOneThatFits(const PhysicsCondition& p_condition, co
         p_condition.names->visit(p_path, m_model, [&](const std::string& p_objects) {
             std::string named = p_objects;
             named.append(":").append(name);
-            isFound =
-                takeStep() && !name.empty() && m_model.objectExists(named) && holds(p_condition.query, named);
+            isFound = takeStep() && m_model.objectExists(named) && holds(p_condition.query, named);
             return !isFound;
         });
     return isFound;

@@ -192,30 +192,53 @@ TEST(PhysicsBook, StopsLookingOnceTheAnswerIsKnown)
     EXPECT_EQ(model.questions(), 2U);
 }
 
+TEST(PhysicsBook, StopsLookingBelowEachOfEachOnceTheAnswerIsKnown)
+{
+    const PhysicsBook physics =
+        physicsOf("[/QUERY:any]\nObject = /FLOW:*/DOMAIN:*\nParameter = Type\nIs = Fluid\n");
+    const ModelTree tree = modelOf("[/FLOW:F/DOMAIN:D]\nType = Fluid\n[/FLOW:G/DOMAIN:D]\nType = Fluid\n");
+    const CountingModel model(tree);
+
+    EXPECT_TRUE(physics.evalBool("any", "", &model));
+
+    EXPECT_EQ(model.questions(), 3U);
+}
+
+TEST(PhysicsBook, AsksTheModelNothingWhereThePathLacksALevel)
+{
+    const PhysicsBook physics =
+        physicsOf("[/QUERY:name]\nObject = {DOMAIN}/FLUID DEFINITION:{FLUID}\n"
+                  "[/QUERY:level]\nObject = {FLUID}/TURBULENCE MODEL\nParameter = Option\n");
+    const ModelTree tree = modelOf("[/FLOW:F/DOMAIN:D]\n");
+    const CountingModel model(tree);
+
+    EXPECT_FALSE(physics.evalBool("name", "/FLOW:F/DOMAIN:D", &model));
+    EXPECT_FALSE(physics.evalBool("level", "/FLOW:F/DOMAIN:D", &model));
+
+    EXPECT_EQ(model.questions(), 0U);
+}
+
 TEST(PhysicsBook, GivesUpAQuestionThatMultiplies)
 {
     // Given queries that each ask the next at every domain, which multiplies from level to level
-    std::string text;
+    std::string text = "[/QUERY:not]\nQuery = q0\nNegate = Yes\n"
+                       "[/QUERY:all]\nAnswer = List\nObject = {FLOW}/DOMAIN:*\nQuery = not\n";
     for (int i = 0; i < 8; ++i)
         text += "[/QUERY:q" + std::to_string(i) + "]\nObject = {FLOW}/DOMAIN:*\nQuery = q" +
                 std::to_string(i + 1) + "\n";
-    const PhysicsBook physics = physicsOf(
-        text +
-        "[/QUERY:all]\nAnswer = List\nObject = {FLOW}/DOMAIN:*\nQuery = q0\nIf = any\n"
-        "[/QUERY:any]\nObject = {FLOW}\n[/QUERY:q8]\nObject = {DOMAIN}\nParameter = Type\nIs = Solid\n");
+    const PhysicsBook physics =
+        physicsOf(text + "[/QUERY:q8]\nObject = {DOMAIN}\nParameter = Type\nIs = Solid\n");
     const ModelTree model = modelOf(manyDomains(100));
 
-    // Then the question ends, is false, and is remembered
+    // Then the question ends without an answer, and is remembered
     EXPECT_FALSE(physics.evalBool("q0", "/FLOW:F", &model));
-    EXPECT_THAT(physics.endlessQueries(), ElementsAre("q0"));
-
-    // And so is a list of objects at which it is asked
+    EXPECT_FALSE(physics.evalBool("not", "/FLOW:F", &model));
     EXPECT_THAT(physics.evalList("all", "/FLOW:F", &model), IsEmpty());
-    EXPECT_THAT(physics.endlessQueries(), ElementsAre("all", "q0"));
+    EXPECT_THAT(physics.endlessQueries(), ElementsAre("all", "not", "q0"));
 
     // And one that looks at fewer is answered
     EXPECT_FALSE(physics.evalBool("q6", "/FLOW:F", &model));
-    EXPECT_THAT(physics.endlessQueries(), ElementsAre("all", "q0"));
+    EXPECT_THAT(physics.endlessQueries(), ElementsAre("all", "not", "q0"));
 }
 
 }    // namespace
