@@ -44,7 +44,7 @@ namespace fs = std::filesystem;
 constexpr std::size_t k_definitions = 10000;
 constexpr std::size_t k_keys = 18;    // of a definition; its name is the 19th field
 constexpr std::size_t k_components = 3;
-constexpr std::size_t k_rounds = 21;
+constexpr std::size_t k_rounds = 7;
 
 struct Definition {
     std::string name;
