@@ -130,8 +130,8 @@ constexpr bool keywordsAreDistinct()
 
 static_assert(k_keywords.size() == 47 && keywordsAreDistinct());
 
-/// Finds the row of a keyword. What is asked most often is a keyword whose answer is known already, so that this costs
-/// about what comparing two texts does: the texts' lengths and three of their characters say where to look.
+/// Finds the row of a keyword by its length and three of its characters. Quick, since a kept answer costs little more
+/// than this search.
 class KeywordIndex {
 public:
     constexpr KeywordIndex()
@@ -162,15 +162,17 @@ private:
 
     static constexpr std::size_t startOf(std::string_view p_name)
     {
-        const auto at = [&](std::size_t p_index) { return static_cast<unsigned char>(p_name[p_index]); };
-        return (p_name.size() * 11U + at(0) * 3U + at(p_name.size() / 2) * 7U + at(p_name.size() - 1) * 29U) %
+        const auto at = [&](std::size_t p_index) -> std::size_t {
+            return static_cast<unsigned char>(p_name[p_index]);
+        };
+        return (p_name.size() * 11 + at(0) * 3 + at(p_name.size() / 2) * 7 + at(p_name.size() - 1) * 29) %
                k_slots;
     }
 
     static constexpr std::size_t next(std::size_t p_slot) { return (p_slot + 1) % k_slots; }
 
-    std::array<unsigned char, k_slots>
-        m_rowBehind {};    // 0 for a free slot, else one more than the row's number
+    // 0 for a free slot, else one more than the row's number
+    std::array<unsigned char, k_slots> m_rowBehind {};
 };
 
 inline constexpr KeywordIndex k_keywordIndex;
