@@ -3,9 +3,7 @@
 namespace qen::standalone::test {
 namespace {
 
-constexpr Setting On = Setting::On;
-constexpr Setting Off = Setting::Off;
-constexpr Setting Elsewhere = Setting::Elsewhere;
+using enum Setting;
 
 constexpr const char* k_wall = "/FLOW:F/DOMAIN:D/BOUNDARY:B";
 constexpr const char* k_water = "/FLOW:F/DOMAIN:D/BOUNDARY:B/FLUID:Water";
