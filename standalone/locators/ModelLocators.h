@@ -1,0 +1,36 @@
+#pragma once
+
+#include "LocatorInfo.h"
+#include "locators/LocatorIndex.h"
+#include "model/ModelTree.h"
+#include "StandaloneApi.h"
+
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace qen::standalone {
+
+/// Answers what locators are from the model. The empty locator is valid everywhere and no object.
+class QEN_STANDALONE_API ModelLocators final : public LocatorInfo {
+public:
+    /// @param p_model  Not owned; outlives this. May change: what was worked out from it is then worked out anew.
+    explicit ModelLocators(const ModelTree& p_model) : m_model(p_model) {}
+
+    void reserved0() const override {}
+    bool isValidLocator(const std::string& p_flowName, const std::string& p_locator) const override;
+    void reserved2() const override {}
+    bool isModelObject(const std::string& p_flowName, const std::string& p_locator) const override;
+    LocatorDimension::Value dimension(const std::string& p_flowName,
+                                      const std::string& p_locator) const override;
+    std::string objectPath(const std::string& p_flowName, const std::string& p_locator) const override;
+
+private:
+    const LocatorIndex::Locator* find(const std::string& p_flowName, const std::string& p_locator) const;
+
+    const ModelTree& m_model;
+    mutable std::map<std::string, LocatorIndex, std::less<>> m_flows;    // of the version below
+    mutable std::size_t m_version = 0;
+};
+
+}    // namespace qen::standalone
