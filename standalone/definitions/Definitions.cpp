@@ -3,6 +3,8 @@
 #include "qcl/QclReader.h"
 #include "world/World.h"
 
+#include "VarAvailabilityChecker.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <deque>
@@ -16,6 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* k_unitsFile = "UNITS.qcl";
 constexpr const char* k_rulesFile = "RULES.qcl";
+constexpr const char* k_physicsFile = "PHYSICS.qcl";
 constexpr const char* k_variablesFile = "VARIABLES.qcl";
 
 Finding withoutPlace(std::string p_identifier, std::string p_message)
@@ -69,6 +72,18 @@ void addAll(Target& p_target, const std::deque<QclDocument>& p_documents, std::v
     }
 }
 
+/// Tells of each query that the checks of availability ask and no file defines.
+void checkQueriesAreDefined(const PhysicsBook& p_physics, std::vector<Finding>& p_problems)
+{
+    const VarAvailabilityChecker declaresItsQueries(nullptr, nullptr, &p_physics);
+    for (const std::string& query : p_physics.undefinedQueries())
+        p_problems.push_back(
+            withoutPlace("undefined-query", "The physics query '" + query +
+                                                "' is asked and no file defines it. Expected a "
+                                                "section '/QUERY:" +
+                                                query + "' in " + k_physicsFile + "."));
+}
+
 }    // namespace
 
 Definitions::Definitions(const std::vector<std::string>& p_folders)
@@ -81,6 +96,11 @@ Definitions::Definitions(const std::vector<std::string>& p_folders)
 
     m_ruleDocuments = readFiles(k_rulesFile, p_folders, m_problems);
     addAll(m_rules, m_ruleDocuments, m_problems);
+
+    const std::deque<QclDocument> physics = readFiles(k_physicsFile, p_folders, m_problems);
+    addAll(m_physics, physics, m_problems);
+    if (!physics.empty())
+        checkQueriesAreDefined(m_physics, m_problems);
 
     m_documents = readFiles(k_variablesFile, p_folders, m_problems);
     for (const QclDocument& document : m_documents)

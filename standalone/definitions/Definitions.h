@@ -3,6 +3,7 @@
 #include "definitions/CatalogueDefinitions.h"
 #include "definitions/Finding.h"
 #include "ExprCBFuncStore.h"
+#include "physics/PhysicsBook.h"
 #include "PreVariableDefStore.h"
 #include "qcl/QclDocument.h"
 #include "rules/RuleBook.h"
@@ -19,7 +20,7 @@ namespace qen::standalone {
 /// points to it.
 class QEN_STANDALONE_API Definitions {
 public:
-    /// Reads UNITS.qcl, RULES.qcl and VARIABLES.qcl of each folder. Files of later folders add to and override those
+    /// Reads UNITS.qcl, RULES.qcl, PHYSICS.qcl and VARIABLES.qcl of each folder. Files of later folders add to and override those
     /// of earlier ones; a folder need not hold all, but together they must.
     ///
     /// Loading goes on after every problem, so that all are known at the end; with an error among them the catalogues
@@ -31,6 +32,7 @@ public:
 
     const UnitSystem& units() const { return m_units; }
     const RuleBook& rules() const { return m_rules; }
+    const PhysicsBook& physics() const { return m_physics; }
     const PreVariableDefStore& variables() const { return m_variables; }
     const ExprCBFuncStore& callbacks() const { return m_callbacks; }
 
@@ -48,6 +50,7 @@ public:
 private:
     UnitSystem m_units;
     RuleBook m_rules;
+    PhysicsBook m_physics;
     PreVariableDefStore m_variables;
     ExprCBFuncStore m_callbacks;
     std::deque<QclDocument> m_ruleDocuments;

@@ -137,6 +137,7 @@ protected:
     {
         m_folder.write("UNITS.qcl", k_units);
         m_folder.write("RULES.qcl", k_rules);
+        m_folder.write("PHYSICS.qcl", readFile(QENCHECK_PROJECT "/definitions/PHYSICS.qcl"));
         m_folder.write("VARIABLES.qcl", k_variables);
     }
 

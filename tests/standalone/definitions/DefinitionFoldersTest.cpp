@@ -65,6 +65,7 @@ TEST(Definitions, NameEveryFileThatNoFolderHolds)
         messages,
         ElementsAre("There is no definition file 'UNITS.qcl' in '/no/such/folder', '/nor/this'.",
                     "There is no definition file 'RULES.qcl' in '/no/such/folder', '/nor/this'.",
+                    "There is no definition file 'PHYSICS.qcl' in '/no/such/folder', '/nor/this'.",
                     "There is no definition file 'VARIABLES.qcl' in '/no/such/folder', '/nor/this'."));
     EXPECT_TRUE(definitions.hasErrors());
 }
