@@ -1,15 +1,21 @@
 #include "checking/CaseChecker.h"
 
 #include "checking/CaseIndex.h"
+#include "checking/ExpressionFindings.h"
 #include "checking/MessageLog.h"
 #include "checking/ModelFindings.h"
+#include "checking/NameFindings.h"
 #include "checking/RecordPlaces.h"
+#include "locators/ModelLocators.h"
 #include "model/ModelTree.h"
 #include "model/UpdateRecord.h"
+#include "names/PrefixClassifier.h"
+#include "names/ShortNameFinder.h"
 #include "world/World.h"
 
 #include "DimExprChecker.h"
 #include "DimExprCheckScheduler.h"
+#include "VarAvailabilityChecker.h"
 
 #include "Error.h"
 
@@ -50,7 +56,9 @@ class CaseCheck {
 public:
     CaseCheck(const QclDocument& p_case, const Definitions& p_definitions, const Progress& p_progress)
         : m_case(p_case), m_definitions(p_definitions), m_progress(p_progress), m_index(p_case),
-          m_model(p_case), m_world(makeWorld())
+          m_model(p_case), m_world(makeWorld()), m_prefixes(m_model), m_locators(m_model),
+          m_shortNames(p_definitions.variables()),
+          m_availability(&m_model, &m_shortNames, &p_definitions.physics())
     {}
 
     CaseReport run()
@@ -59,7 +67,7 @@ public:
         const ScopedCheckMessageListener listener(&m_messages);
 
         m_report.parameters = m_index.size();
-        m_report.expressions = addModelFindings(m_case, m_model, m_definitions.rules(), m_report.findings);
+        addModelFindings(m_case, m_model, m_definitions.rules(), m_report.findings);
 
         leaveOutTooLongLists();
 
@@ -67,6 +75,14 @@ public:
         DimExprCheckScheduler scheduler(&m_model, &m_definitions.rules(), nullptr, &checker);
         followAllChanges(scheduler);
         addRecords(runDeferred(checker, scheduler));
+
+        addNameFindings(m_case, m_world, m_report.findings);
+        addExpressionFindings(
+            m_case, m_definitions, m_world,
+            [this](const std::string& p_objectPath, const std::string& p_paramName) {
+                return m_atFault.contains(key(p_objectPath, p_paramName));
+            },
+            m_report.findings);
 
         sortByPlace(m_report.findings);
         return std::move(m_report);
@@ -92,7 +108,8 @@ private:
     DimExprChecker makeChecker() const
     {
         return DimExprChecker(&m_model, &m_definitions.rules(), &m_definitions.rules(),
-                              &m_definitions.variables(), nullptr, nullptr, nullptr, &m_definitions.callbacks());
+                              &m_definitions.variables(), &m_prefixes, &m_availability, &m_locators,
+                              &m_definitions.callbacks());
     }
 
     void leaveOutTooLongLists()
@@ -108,6 +125,7 @@ private:
                 if (listBytes < CaseLimits::k_listBytes)
                     continue;
                 m_leftOut.insert(key(object.path, parameter.name));
+                m_atFault.insert(key(object.path, parameter.name));
                 addAtName(parameter, "limit-list-length",
                           "The list of parameter '" + parameter.name + "' in object '" + object.path +
                               "' is too long to be checked: " + std::to_string(parameter.value.size()) +
@@ -197,7 +215,10 @@ private:
     {
         RecordPlaces places(m_case, m_index, m_world, makeChecker());
         for (const ExpressionErrors::ExprError& record : p_records)
-            m_report.findings.push_back(places.toFinding(record, m_messages.identifier(record.message)));
+        {
+            m_atFault.insert(key(record.object, record.parameter));
+            m_report.findings.push_back(places.toFinding(record, m_messages.find(record.message)));
+        }
     }
 
     void addException(const std::string& p_objectPath, const std::string& p_paramName,
@@ -205,6 +226,7 @@ private:
     {
         if (!m_excepted.insert(key(p_objectPath, p_paramName)).second)
             return;    // told of when the parameter was followed
+        m_atFault.insert(key(p_objectPath, p_paramName));
 
         const std::string message = "Parameter '" + p_paramName + "' in object '" + p_objectPath +
                                     "' could not be checked: " + describe(p_exception);
@@ -243,9 +265,14 @@ private:
     CaseIndex m_index;
     ModelTree m_model;
     World m_world;
+    PrefixClassifier m_prefixes;
+    ModelLocators m_locators;
+    ShortNameFinder m_shortNames;
+    VarAvailabilityChecker m_availability;
     MessageLog m_messages;
     std::unordered_set<std::string> m_leftOut;     // parameters that are too long to be checked
     std::unordered_set<std::string> m_excepted;    // parameters that an exception was told of
+    std::unordered_set<std::string> m_atFault;     // parameters with a record or an exception
     CaseReport m_report;
 };
 

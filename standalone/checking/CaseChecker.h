@@ -15,7 +15,6 @@ namespace qen::standalone {
 struct QEN_STANDALONE_API CaseReport {
     std::vector<Finding> findings;    ///< ordered by file and line
     std::size_t parameters = 0;       ///< of the case
-    std::size_t expressions = 0;      ///< numeric values among them that are expressions
     bool internalError = false;       ///< an internal assertion failed; the findings may not be all
 };
 

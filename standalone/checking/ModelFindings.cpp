@@ -51,8 +51,7 @@ public:
         : m_case(p_case), m_model(p_model), m_rules(p_rules), m_findings(p_findings)
     {}
 
-    /// The number of numeric items that are expressions.
-    std::size_t run()
+    void run()
     {
         for (const QclObject& object : m_case.objects)
         {
@@ -61,7 +60,6 @@ public:
             for (const QclParameter& parameter : object.parameters)
                 checkParameter(object, parameter);
         }
-        return m_expressions;
     }
 
 private:
@@ -208,10 +206,7 @@ private:
         std::string units;
         StringUtilities::valueAsFloat(p_item.text, isNumber, number, units);
         if (!isNumber)
-        {
-            ++m_expressions;
             return;
-        }
         const bool integer = p_rule.type.compare(0, k_integer.size(), k_integer) == 0;
         if (integer && number.find_first_not_of("+-0123456789") != std::string::npos)
             addAtValue(p_parameter, p_item.range, "not-an-integer",
@@ -258,15 +253,14 @@ private:
     const RuleBook& m_rules;
     std::vector<Finding>& m_findings;
     std::set<std::string> m_unknownPaths;
-    std::size_t m_expressions = 0;
 };
 
 }    // namespace
 
-std::size_t addModelFindings(const QclDocument& p_case, const ModelTree& p_model, const RuleBook& p_rules,
-                             std::vector<Finding>& p_findings)
+void addModelFindings(const QclDocument& p_case, const ModelTree& p_model, const RuleBook& p_rules,
+                      std::vector<Finding>& p_findings)
 {
-    return ModelFindings(p_case, p_model, p_rules, p_findings).run();
+    ModelFindings(p_case, p_model, p_rules, p_findings).run();
 }
 
 }    // namespace qen::standalone

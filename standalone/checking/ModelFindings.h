@@ -5,7 +5,6 @@
 #include "qcl/QclDocument.h"
 #include "rules/RuleBook.h"
 
-#include <cstddef>
 #include <vector>
 
 namespace qen::standalone {
@@ -13,9 +12,7 @@ namespace qen::standalone {
 /// What the library does not look at and a user expects of a checker: objects and parameters that the rules do not
 /// know, texts that are not among the allowed ones, values and list items that are missing, units that the rules look
 /// for in vain.
-///
-/// @return The number of values, or items of lists, that should be numeric and are expressions.
-std::size_t addModelFindings(const QclDocument& p_case, const ModelTree& p_model, const RuleBook& p_rules,
-                             std::vector<Finding>& p_findings);
+void addModelFindings(const QclDocument& p_case, const ModelTree& p_model, const RuleBook& p_rules,
+                      std::vector<Finding>& p_findings);
 
 }    // namespace qen::standalone

@@ -1,5 +1,7 @@
 #include "checking/RecordPlaces.h"
 
+#include "checking/MessagePlace.h"
+
 #include <algorithm>
 #include <string_view>
 #include <utility>
@@ -8,16 +10,16 @@ namespace qen::standalone {
 namespace {
 
 constexpr std::string_view k_expressionLibrary = "/LIBRARY/QEL/EXPRESSIONS";
-constexpr std::string_view k_badExpression = "bad-expression";
 constexpr const char* k_unnamedMessage = "host-message";    // a text that the library took over from its host
 
 }    // namespace
 
-Finding RecordPlaces::toFinding(const ExpressionErrors::ExprError& p_record, const char* p_identifier)
+Finding RecordPlaces::toFinding(const ExpressionErrors::ExprError& p_record,
+                                const MessageLog::Raised* p_raised)
 {
     const Severity severity =
         p_record.level == ExpressionErrors::Warning ? Severity::Warning : Severity::Error;
-    const char* identifier = p_identifier ? p_identifier : k_unnamedMessage;
+    const char* identifier = p_raised ? p_raised->message->identifier : k_unnamedMessage;
 
     const QclParameter* parameter = m_index.find(p_record.object, p_record.parameter);
     if (!parameter)
@@ -33,7 +35,7 @@ Finding RecordPlaces::toFinding(const ExpressionErrors::ExprError& p_record, con
         return standalone::toFinding({severity, identifier, p_record.message, parameter->place,
                                       static_cast<std::uint32_t>(parameter->name.size())},
                                      m_case);
-    return atValue(*parameter, rangeInValue(p_record, *parameter, identifier), severity, identifier,
+    return atValue(*parameter, rangeInValue(p_record, *parameter, p_raised), severity, identifier,
                    p_record.message);
 }
 
@@ -53,18 +55,16 @@ Finding RecordPlaces::atValue(const QclParameter& p_parameter, TextRange p_range
 }
 
 TextRange RecordPlaces::rangeInValue(const ExpressionErrors::ExprError& p_record,
-                                     const QclParameter& p_parameter, const char* p_identifier)
+                                     const QclParameter& p_parameter, const MessageLog::Raised* p_raised)
 {
     const ValueItem* item = nextItemGiving(p_record, p_parameter);
     if (!item)
         return {0, p_parameter.value.size()};
-    if (p_identifier != k_badExpression)
+    if (!p_raised)
         return item->range;
 
-    const QelResult result = analyseExpression(item->text, m_world);
-    if (!result.error)
-        return item->range;
-    return {item->range.offset + result.error->range.offset, result.error->range.length};
+    const TextRange place = placeInExpression(*p_raised, item->text, m_world);
+    return {item->range.offset + place.offset, place.length};
 }
 
 const ValueItem* RecordPlaces::nextItemGiving(const ExpressionErrors::ExprError& p_record,

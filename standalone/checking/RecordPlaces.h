@@ -16,7 +16,7 @@
 namespace qen::standalone {
 
 /// Finds the place in the case's text that a record is about: the name of a named expression, the stretch of an
-/// expression that does not parse, the item of a list that is wrong, else the value.
+/// expression that is at fault, the item of a list that is wrong, else the value.
 class RecordPlaces {
 public:
     /// @param p_checker  A checker of the same world, for looking at the items of a list one by one.
@@ -25,8 +25,8 @@ public:
         : m_case(p_case), m_index(p_index), m_world(p_world), m_checker(p_checker)
     {}
 
-    /// @param p_identifier  Of the record's message; null for a text that is in no catalogue.
-    Finding toFinding(const ExpressionErrors::ExprError& p_record, const char* p_identifier);
+    /// @param p_raised  The record's message; null for a text that is in no catalogue.
+    Finding toFinding(const ExpressionErrors::ExprError& p_record, const MessageLog::Raised* p_raised);
 
     /// A finding at a stretch of a parameter's value.
     Finding atValue(const QclParameter& p_parameter, TextRange p_range, Severity p_severity,
@@ -34,7 +34,7 @@ public:
 
 private:
     TextRange rangeInValue(const ExpressionErrors::ExprError& p_record, const QclParameter& p_parameter,
-                           const char* p_identifier);
+                           const MessageLog::Raised* p_raised);
     const ValueItem* nextItemGiving(const ExpressionErrors::ExprError& p_record,
                                     const QclParameter& p_parameter);
     void judgeItems(const std::string& p_objectPath, const QclParameter& p_parameter);

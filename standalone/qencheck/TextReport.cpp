@@ -111,14 +111,6 @@ void TextReport::writeSummary(const std::string& p_caseFile, const CaseReport& p
                                   : counted(errors, "error") + ", " + counted(warnings, "warning");
     fmt::print(m_stream, "{}: {} checked: {}\n", p_caseFile, counted(p_report.parameters, "parameter"),
                found);
-
-    // Nobody shall take for judged what is not.
-    if (p_report.expressions > 0)
-        fmt::print(m_stream,
-                   "{}: of {} only syntax, units, bounds and names were judged, and not yet whether the "
-                   "variables are "
-                   "allowed and available where they are used\n",
-                   p_caseFile, counted(p_report.expressions, "expression"));
 }
 
 std::string TextReport::coloured(const char* p_code, const std::string& p_text) const

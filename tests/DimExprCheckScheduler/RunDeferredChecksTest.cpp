@@ -131,13 +131,15 @@ TEST_F(RunDeferredChecks, ChecksTheExpressionsOfAListThoughANumberFails)
 
 TEST_F(RunDeferredChecks, ChecksNumbersBeforeExpressionsInTheirOrder)
 {
+    m_host.varDefStore().addVariableDefinition("x",
+                                               {{"Tensor Type", "SCALAR"}, {"Variable Scope", "GLOBAL"}});
     m_host.expression("x").hasDimensions("m").references({"x"});
     setWidth("x, 1 [m], 2 [mm]");
     m_host.forgetCalls();
 
     m_scheduler.runDeferredChecks();
 
-    EXPECT_THAT(m_host.callsTo({"units.dimsFromUnits", "evaluator."}),
+    EXPECT_THAT(m_host.callsTo({"units.dimsFromUnits", "evaluator.getVariablesAndCallbacks"}),
                 ElementsAre("units.dimsFromUnits(m)", "units.dimsFromUnits(mm)",
                             "evaluator.getVariablesAndCallbacks(x, Width)", "units.dimsFromUnits(m)"));
 }

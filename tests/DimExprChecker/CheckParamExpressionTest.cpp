@@ -26,11 +26,23 @@ using testing::SizeIs;
 
 constexpr const char* k_duct = "/FLOW:F/DOMAIN:Duct";
 
-/// A duct whose width is a length of at most 3 m.
+/// A duct whose width is a length of at most 3 m. Defined are the coordinates and the function "f", which takes no
+/// argument.
 class CheckParamExpression : public testing::Test {
 protected:
     CheckParamExpression()
     {
+        for (const char* coordinate : {"x", "y", "z", "r", "theta", "raxis", "taxis", "aaxis"})
+            m_host.varDefStore().addVariableDefinition(
+                coordinate,
+                {{"Tensor Type", "SCALAR"}, {"Field Variable", "True"}, {"Variable Scope", "GLOBAL"}});
+        m_host.callbackStore().addCBDefinition("f", {{"Result Units", "[m]"},
+                                                     {"Number of Arguments", "0"},
+                                                     {"CallBack Type", "Scalar"},
+                                                     {"Tensor Type", "SCALAR"},
+                                                     {"Locator Dimension", "Point"}});
+        m_host.locator("F", "P").hasDimension(LocatorDimension::Point);
+        m_host.forgetCalls();
         m_host.parameter(k_duct, "Width")
             .hasQuantity("Length", "m")
             .hasUpperBound("3 [m]")
@@ -243,7 +255,7 @@ TEST_F(CheckParamExpression, ChecksNoBoundsOfAnExpressionWithAVariable)
 {
     m_host.expression("4 [m] + x").isConstant(4.0F, "m").references({"x"});
 
-    check("4 [m] + x");
+    EXPECT_TRUE(check("4 [m] + x"));
 
     EXPECT_THAT(m_host.callsTo({"evaluator.evalSingleValue", "rules.lowerBound", "rules.upperBound"}),
                 IsEmpty());
@@ -253,7 +265,7 @@ TEST_F(CheckParamExpression, ChecksNoBoundsOfAnExpressionWithACallback)
 {
     m_host.expression("4 [m] + f@P()").isConstant(4.0F, "m").calls({{"f", "P", ""}});
 
-    check("4 [m] + f@P()");
+    EXPECT_TRUE(check("4 [m] + f@P()"));
 
     EXPECT_THAT(m_host.callsTo({"evaluator.evalSingleValue", "rules.lowerBound", "rules.upperBound"}),
                 IsEmpty());

@@ -144,21 +144,6 @@ TEST(Command, ShowsDefinitionWarningsAndChecksAllTheSame)
                                    "[definition-warning]\n"));
 }
 
-TEST(Command, SaysWhatOfExpressionsItDoesNotJudge)
-{
-    const TemporaryFolder folder;
-    const std::string plain = folder.write("plain.qcl", "[/FLOW:F/SIMULATION]\nDuration = 1 [s]\n");
-    const std::string expression =
-        folder.write("expression.qcl", "[/FLOW:F/SIMULATION]\nDuration = 2 * 1 [s]\n");
-
-    EXPECT_THAT(qencheck({"check", plain}).out, Not(HasSubstr("not yet whether")));
-    EXPECT_THAT(
-        qencheck({"check", expression}).out,
-        HasSubstr(
-            ": of 1 expression only syntax, units, bounds and names were judged, and not yet whether the "
-            "variables are allowed and available where they are used\n"));
-}
-
 TEST(Command, SuggestsTheNearestKnownName)
 {
     const TemporaryFolder folder;

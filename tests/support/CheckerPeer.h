@@ -1,10 +1,12 @@
 #pragma once
 
 #include "DimExprChecker.h"
+#include "SplitVariableName.h"
 
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace qen {
 
@@ -41,6 +43,20 @@ struct DimExprCheckerPeer {
                                  std::string& p_units)
     {
         return p_checker.splitBoundString(p_boundText, p_value, p_units);
+    }
+
+    static void checkVariableAvailability(DimExprChecker& p_checker, const std::string& p_objectPath,
+                                          const std::string& p_paramName,
+                                          const std::vector<SplitVariableName>& p_splitNames)
+    {
+        p_checker.checkVariableAvailability(p_objectPath, p_paramName, p_splitNames);
+    }
+
+    static void checkVariablePrefixes(DimExprChecker& p_checker, const std::string& p_objectPath,
+                                      const std::string& p_paramName, const std::string& p_domainName,
+                                      const SplitVariableName& p_name, bool p_useObjectContext)
+    {
+        p_checker.checkVariablePrefixes(p_objectPath, p_paramName, p_domainName, p_name, p_useObjectContext);
     }
 
     static std::map<std::string, std::pair<float, std::string>>& boundCache(DimExprChecker& p_checker)

@@ -73,7 +73,7 @@ TEST_P(AvailabilityKeyword, HoldsAlikeWhereAnswersAreKept)
     // Then they are those that the queries give afresh
     for (const char* path : {"/FLOW:F/DOMAIN:D", "/FLOW:F/DOMAIN:D/SUBDOMAIN:S/SOURCES/FLUID:Air",
                              "/FLOW:F/DOMAIN:D/INITIALISATION/FLUID:Water", "/FLOW:F/DOMAIN:E/BOUNDARY:B",
-                             "/FLOW:F/DOMAIN:D/FLUID PAIR:Air | Water", GetParam().at})
+                             "/FLOW:F/DOMAIN:D/FLUID PAIR:Air and Water", GetParam().at})
         EXPECT_EQ(checker.isPhysicallyAvailable(anyVariable, {GetParam().keyword}, path),
                   afresh.isPhysicallyAvailable(anyVariable, {GetParam().keyword}, path))
             << path;
@@ -120,7 +120,7 @@ TEST(AvailabilityKeywords, AskOnlyWhatIsDefined)
 
     for (const std::string& keyword : checker.supportedPhysAvailChecks())
         for (const char* path : {"", "/FLOW:F", "/FLOW:F/DOMAIN:D/FLUID MODELS/FLUID:Water",
-                                 "/FLOW:F/DOMAIN:D/FLUID PAIR:A | B"})
+                                 "/FLOW:F/DOMAIN:D/FLUID PAIR:A and B"})
             EXPECT_FALSE(checker.isPhysicallyAvailable(anyVariable, {keyword}, path))
                 << keyword << " " << path;
 

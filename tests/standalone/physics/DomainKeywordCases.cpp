@@ -7,7 +7,7 @@ using enum Setting;
 
 constexpr const char* k_wall = "/FLOW:F/DOMAIN:D/BOUNDARY:B";
 constexpr const char* k_water = "/FLOW:F/DOMAIN:D/BOUNDARY:B/FLUID:Water";
-constexpr const char* k_pair = "/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water";
+constexpr const char* k_pair = "/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water";
 
 }    // namespace
 
@@ -183,33 +183,33 @@ std::vector<KeywordCase> domainKeywordCases()
 
         // ---- What passes between fluids
         {"CAVITATION", On, k_wall,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Cavitation\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Cavitation\n"},
         {"CAVITATION", Off, k_wall,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Phase Change\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Phase Change\n"},
         {"CAVITATION", Elsewhere, k_wall,
-         "[/FLOW:F/DOMAIN:E/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Cavitation\n"},
+         "[/FLOW:F/DOMAIN:E/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Cavitation\n"},
 
         {"EULERIANPHASECHANGE", On, k_wall,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Specified Mass Transfer\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Specified Mass Transfer\n"},
         {"EULERIANPHASECHANGE", On, k_pair,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Cavitation\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Cavitation\n"},
         {"EULERIANPHASECHANGE", Off, k_wall,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = None\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = None\n"},
         {"EULERIANPHASECHANGE", Elsewhere, k_wall,
-         "[/FLOW:F/DOMAIN:E/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Phase Change\n"},
+         "[/FLOW:F/DOMAIN:E/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Phase Change\n"},
 
         {"THERMALPHASECHANGE", On, k_pair,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Phase Change\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Phase Change\n"},
         {"THERMALPHASECHANGE", On, k_wall,
          "[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Wet Steam]\nMaterial = Steam\n"
          "[/LIBRARY/MATERIAL:Steam]\nOption = Homogeneous Binary Mixture\n"},
         {"THERMALPHASECHANGE", Off, k_pair,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour | Water/MASS TRANSFER]\nOption = Cavitation\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Vapour and Water/MASS TRANSFER]\nOption = Cavitation\n"},
         {"THERMALPHASECHANGE", Off, k_wall,
          "[/FLOW:F/DOMAIN:D/FLUID DEFINITION:Wet Steam]\nMaterial = Steam\n"
          "[/LIBRARY/MATERIAL:Steam]\nOption = Pure Substance\n"},
         {"THERMALPHASECHANGE", Elsewhere, k_pair,
-         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Air | Water/MASS TRANSFER]\nOption = Phase Change\n"},
+         "[/FLOW:F/DOMAIN:D/FLUID PAIR:Air and Water/MASS TRANSFER]\nOption = Phase Change\n"},
         {"THERMALPHASECHANGE", Elsewhere, k_wall,
          "[/FLOW:F/DOMAIN:E/FLUID DEFINITION:Wet Steam]\nMaterial = Steam\n"
          "[/LIBRARY/MATERIAL:Steam]\nOption = Homogeneous Binary Mixture\n"},

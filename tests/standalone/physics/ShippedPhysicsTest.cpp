@@ -103,7 +103,7 @@ TEST(ShippedPhysics, AnswersNoEverywhereInAnEmptyModel)
     const std::set<std::string> negations {"isEulerianFluid", "isNotOfOneFluid"};
 
     for (const std::string& query : shippedPhysics().queryNames())
-        for (const char* path : {"", "/FLOW:F/DOMAIN:D/BOUNDARY:B", "/FLOW:F/DOMAIN:D/FLUID PAIR:A | B",
+        for (const char* path : {"", "/FLOW:F/DOMAIN:D/BOUNDARY:B", "/FLOW:F/DOMAIN:D/FLUID PAIR:A and B",
                                  "/FLOW:F/DOMAIN:D/FLUID MODELS/FLUID:A"})
             EXPECT_TRUE(negations.contains(query) || !shippedPhysics().evalBool(query, path, &model))
                 << query << " at '" << path << "'";

@@ -136,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(ShippedRules, ShippedRulesPlace, testing::Values(
     PlaceCase {"/FLOW:F/DOMAIN:D/FLUID MODELS/FLUID:Water/ADDITIONAL VARIABLE:Dye", "Additional Variable Value"},
     PlaceCase {"/FLOW:F/DOMAIN:D/SOLID MODELS/ADDITIONAL VARIABLE:Dye", "Additional Variable Value"},
     PlaceCase {"/FLOW:F/DOMAIN:D/BOUNDARY:In", "Boundary Type"},
-    PlaceCase {"/FLOW:F/DOMAIN:D/FLUID PAIR:Air | Water", "Surface Tension Coefficient"},
+    PlaceCase {"/FLOW:F/DOMAIN:D/FLUID PAIR:Air and Water", "Surface Tension Coefficient"},
     PlaceCase {"/FLOW:F/DOMAIN:D/SUBDOMAIN:Fan", "Location"},
     PlaceCase {"/FLOW:F/INTERFACE:I", "Interface Type"},
     PlaceCase {"/FLOW:F/RIGID BODY:Flap", "Mass"},

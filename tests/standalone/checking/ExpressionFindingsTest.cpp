@@ -1,0 +1,111 @@
+#include "CheckedCase.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace qen::standalone {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A parameter that may be anything, in a domain with one fluid.
+constexpr const char* k_rules = R"([/FLOW/DOMAIN/TEST]
+[/FLOW/DOMAIN/TEST/PARAMETER:Value]
+Type = Real List
+Kind = Expression
+Depends On = ANY
+)";
+
+constexpr const char* k_case = R"([/FLOW:F/DOMAIN:D/FLUID DEFINITION:Water]
+Material = Water
+[/FLOW:F/DOMAIN:D/BOUNDARY:Inlet]
+[/LIBRARY/COORDINATE FRAME:Rotor Frame]
+[/FLOW:F/DOMAIN:D/TEST]
+)";
+constexpr int k_line = 6;
+
+CaseReport check(const std::string& p_parameters)
+{
+    static const RulesForTest rules(k_rules);
+    EXPECT_THAT(rules.definitions().problems(), IsEmpty());
+    return rules.check(k_case + p_parameters);
+}
+
+TEST(ExpressionFindings, AreNoneWhereAllExists)
+{
+    EXPECT_THAT(
+        check("Value = Velocity{x:Rotor Frame} * 1 [s] + average@Inlet(Velocity{y}) * 1 [s]\n").findings,
+        IsEmpty());
+}
+
+TEST(ExpressionFindings, TellOfAWrongNumberOfArguments)
+{
+    EXPECT_THAT(check("Value = 2 * area@Inlet(Pressure)\n").findings,
+                ElementsAre(FoundAt(k_line, 13, "argument-count",
+                                    "The function 'area' is given 1 argument. Expected 0.")));
+    EXPECT_THAT(check("Value = average@Inlet()\n").findings,
+                ElementsAre(FoundAt(k_line, 9, "argument-count",
+                                    "The function 'average' is given 0 arguments. Expected 1.")));
+}
+
+TEST(ExpressionFindings, TellOfAComponentThatDoesNotExist)
+{
+    EXPECT_THAT(
+        check("Value = 1, Velocity{q}\n").findings,
+        ElementsAre(FoundAt(k_line, 12, "unknown-component",
+                            "There is no component 'q', as in 'Velocity{q}'. Expected letters out of 'x', "
+                            "'y' and 'z'.")));
+}
+
+TEST(ExpressionFindings, LookIntoArguments)
+{
+    EXPECT_THAT(
+        check("Value = average@Inlet(Velocity{w})\n").findings,
+        ElementsAre(FoundAt(k_line, 23, "unknown-component",
+                            "There is no component 'w', as in 'Velocity{w}'. Expected letters out of 'x', "
+                            "'y' and 'z'.")));
+}
+
+TEST(ExpressionFindings, TellOfACoordinateFrameThatDoesNotExist)
+{
+    EXPECT_THAT(
+        check("Value = Velocity{x:Rotor Frme}\n").findings,
+        ElementsAre(FoundAt(k_line, 9, "unknown-coordinate-frame",
+                            "There is no coordinate frame 'Rotor Frme', as in 'Velocity{x:Rotor Frme}'. "
+                            "Expected an object '/LIBRARY/COORDINATE FRAME:Rotor Frme'. Did you mean "
+                            "'Rotor Frame'?")));
+}
+
+TEST(ExpressionFindings, TellOfABadNamedExpressionThatNothingRefersTo)
+{
+    EXPECT_THAT(
+        check("Value = 1\n[/LIBRARY/QEL/EXPRESSIONS]\nRamp = 2 * (1 + 3\n").findings,
+        ElementsAre(FoundAt(k_line + 2, 18, "bad-named-expression",
+                            "The named expression 'Ramp' is bad: Column 11: expected an operator or ')', "
+                            "but found the end of the expression.")));
+}
+
+TEST(ExpressionFindings, OfANamedExpressionStandWhereItStands)
+{
+    EXPECT_THAT(
+        check("Value = 2 * Part\n[/LIBRARY/QEL/EXPRESSIONS]\nPart = Velocity{q}\n").findings,
+        ElementsAre(FoundAt(k_line + 2, 8, "unknown-component",
+                            "There is no component 'q', as in 'Velocity{q}'. Expected letters out of 'x', "
+                            "'y' and 'z'.")));
+}
+
+TEST(ExpressionFindings, LeaveAParameterAloneThatHasARecord)
+{
+    const CaseReport report = check("Value = average@Outlet()\n");
+
+    EXPECT_THAT(report.findings,
+                ElementsAre(FoundAt(k_line, 17, "invalid-locator",
+                                    "An invalid or unrecognised locator 'Outlet' is referenced by parameter "
+                                    "'Value' in object '/FLOW:F/DOMAIN:D/TEST'.")));
+}
+
+}    // namespace
+}    // namespace qen::standalone
