@@ -11,6 +11,7 @@
 #include "model/UpdateRecord.h"
 #include "names/PrefixClassifier.h"
 #include "names/ShortNameFinder.h"
+#include "physics/PhysicsAnswers.h"
 #include "world/World.h"
 
 #include "DimExprChecker.h"
@@ -24,6 +25,7 @@
 #include <string>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace qen::standalone {
 namespace {
@@ -58,7 +60,8 @@ public:
         : m_case(p_case), m_definitions(p_definitions), m_progress(p_progress), m_index(p_case),
           m_model(p_case), m_world(makeWorld()), m_prefixes(m_model), m_locators(m_model),
           m_shortNames(p_definitions.variables()),
-          m_availability(&m_model, &m_shortNames, &p_definitions.physics())
+          m_physics(p_definitions.physics(), m_model, [this] { return m_model.version(); }),
+          m_availability(&m_model, &m_shortNames, &m_physics)
     {}
 
     CaseReport run()
@@ -83,6 +86,8 @@ public:
                 return m_atFault.contains(key(p_objectPath, p_paramName));
             },
             m_report.findings);
+
+        addEndlessQueries();
 
         sortByPlace(m_report.findings);
         return std::move(m_report);
@@ -221,6 +226,17 @@ private:
         }
     }
 
+    /// Physics queries that looked at too much of the model to be answered.
+    void addEndlessQueries()
+    {
+        for (const std::string& query : m_definitions.physics().endlessQueries())
+            if (std::find(m_endlessBefore.begin(), m_endlessBefore.end(), query) == m_endlessBefore.end())
+                addWithoutPlace("endless-query",
+                                "The physics query '" + query +
+                                    "' was given up and counts as false: it would look at millions "
+                                    "of objects. Expected one that looks at fewer.");
+    }
+
     void addException(const std::string& p_objectPath, const std::string& p_paramName,
                       const std::exception_ptr& p_exception)
     {
@@ -268,6 +284,9 @@ private:
     PrefixClassifier m_prefixes;
     ModelLocators m_locators;
     ShortNameFinder m_shortNames;
+    const std::vector<std::string> m_endlessBefore =
+        m_definitions.physics().endlessQueries();    // of other cases
+    PhysicsAnswers m_physics;
     VarAvailabilityChecker m_availability;
     MessageLog m_messages;
     std::unordered_set<std::string> m_leftOut;     // parameters that are too long to be checked
