@@ -90,7 +90,8 @@ inline constexpr std::array k_keywords {
                                "anyComponentsForDomain"),
     fluidDep("MULTIBAND",      "isDomFluFMTRadMSpecMmultiband",
                                "isDomGMTRadMSpecMmultiband"),
-    // Deliberate: the same two queries as MASFRC. Held by AvailabilityKeyword.AsksItsQueries.
+    // Deliberate: the same two queries as MASFRC. Held by
+    // FluidDependentKeyword.AsksTheDomainAndThenTheFluid.
     fluidDep("MULTICOMPONENT", "anyDomFluFMCompsForFluid",
                                "anyComponentsForDomain"),
     fluidDep("MUSIG",          "isDomFluMorphPolyDispersed forfluidcast",
