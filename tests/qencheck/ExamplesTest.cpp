@@ -24,7 +24,8 @@ TEST_P(CleanExample, GivesNoRecordAndStatusZero)
     EXPECT_EQ(run.error, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Shipped, CleanExample, testing::Values("pump", "mixing-vessel"));
+INSTANTIATE_TEST_SUITE_P(Shipped, CleanExample,
+                         testing::Values("pump", "mixing-vessel", "burner", "bubble-column"));
 
 class BrokenExample : public testing::TestWithParam<const char*> {};
 
@@ -40,7 +41,8 @@ TEST_P(BrokenExample, GivesExactlyTheExpectedReportAndStatusOne)
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, BrokenExample,
-                         testing::Values("pump-broken", "mixing-vessel-broken", "expression-names-broken"));
+                         testing::Values("pump-broken", "mixing-vessel-broken", "burner-broken",
+                                         "bubble-column-broken", "expression-names-broken"));
 
 }    // namespace
 }    // namespace qencheck_test

@@ -122,7 +122,8 @@ TEST_P(MutatedExample, GivesExactlyOneRecordForEachValueThatIsMadeWrong)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Shipped, MutatedExample, testing::Values("pump", "mixing-vessel"));
+INSTANTIATE_TEST_SUITE_P(Shipped, MutatedExample,
+                         testing::Values("pump", "mixing-vessel", "burner", "bubble-column"));
 
 }    // namespace
 }    // namespace qen::standalone
