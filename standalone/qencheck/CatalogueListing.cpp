@@ -22,25 +22,6 @@ std::string text(const CatalogueDefinition& p_definition, std::string_view p_key
     return std::string(p_definition.text(p_key));
 }
 
-/// "vel: u, v, w" for a variable with the components "vel u", "vel v" and "vel w"; "vel (u, v, w)" when their names do
-/// not begin with its own.
-std::string withComponents(const std::string& p_name, const Texts& p_components)
-{
-    if (p_components.empty())
-        return p_name;
-    const std::string beginning = p_name + " ";
-    const bool allBeginSo =
-        std::all_of(p_components.begin(), p_components.end(),
-                    [&](const std::string& p_component) { return p_component.starts_with(beginning); });
-    if (!allBeginSo)
-        return p_name + " (" + joined(p_components) + ")";
-
-    Texts ends;
-    for (const std::string& component : p_components)
-        ends.push_back(component.substr(beginning.size()));
-    return p_name + ": " + joined(ends);
-}
-
 void append(Texts& p_names, const Texts& p_more)
 {
     std::copy_if(p_more.begin(), p_more.end(), std::back_inserter(p_names),
@@ -99,7 +80,7 @@ ListedItem variableItem(const Definitions& p_definitions, const CatalogueDefinit
     ListedItem item;
     item.availability = p_variable.list("Physical Availability");
     item.scopes = p_variable.list("Variable Scope");
-    item.cells = {withComponents(p_variable.name, components),
+    item.cells = {p_variable.name,
                   longName,
                   units ? unitsCell(*units) : "",
                   quantity,
@@ -107,6 +88,7 @@ ListedItem variableItem(const Definitions& p_definitions, const CatalogueDefinit
                   joined(item.scopes),
                   joined(general),
                   joined(item.availability),
+                  joined(components),
                   joined(oldNames)};
 
     append(item.names, {p_variable.name, longName, quantity});
@@ -153,8 +135,8 @@ ListedItem operatorItem(const Definitions& p_definitions, const CatalogueDefinit
     ListedItem item;
     item.availability = p_operator.section->find("QEL Availability") ? p_operator.list("QEL Availability")
                                                                      : Texts {"GENERAL"};
-    item.cells = {withComponents(p_operator.name, components), longName, tensorType, modifier,
-                  joined(item.availability)};
+    item.cells = {p_operator.name,           longName,          tensorType, modifier,
+                  joined(item.availability), joined(components)};
     append(item.names, {p_operator.name, longName});
     append(item.names, components);
     append(item.names, longComponents);
@@ -209,8 +191,8 @@ ListedItem callbackItem(const Definitions& p_definitions, const CatalogueDefinit
 Listing listVariables(const Definitions& p_definitions)
 {
     Listing listing;
-    listing.columns = {{"Name", 12},  {"Long Name", 28}, {"Units", 13}, {"Quantity", 25}, {"Type", 7},
-                       {"Scope", 18}, {"Used In", 12},   {"Needs", 16}, {"Old Names"}};
+    listing.columns = {"Name",  "Long Name", "Units", "Quantity",   "Type",
+                       "Scope", "Used In",   "Needs", "Components", "Old Names"};
     for (const CatalogueDefinition& definition : p_definitions.catalogue().all())
         if (definition.kind == DefinitionKind::Variable && isVariable(p_definitions, definition.name))
             listing.items.push_back(variableItem(p_definitions, definition));
@@ -220,8 +202,7 @@ Listing listVariables(const Definitions& p_definitions)
 Listing listOperators(const Definitions& p_definitions)
 {
     Listing listing;
-    listing.columns = {
-        {"Name", 30}, {"Long Name", 40}, {"Type"}, {"Dimension Modifier", 20}, {"Availability"}};
+    listing.columns = {"Name", "Long Name", "Type", "Dimension Modifier", "Availability", "Components"};
     for (const CatalogueDefinition& definition : p_definitions.catalogue().all())
         if (definition.kind == DefinitionKind::Operator)
             listing.items.push_back(operatorItem(p_definitions, definition));
@@ -231,8 +212,7 @@ Listing listOperators(const Definitions& p_definitions)
 Listing listCallbacks(const Definitions& p_definitions)
 {
     Listing listing;
-    listing.columns = {{"Name", 30},         {"Arguments"},  {"Result"},
-                       {"Result Units", 20}, {"Components"}, {"Locators"}};
+    listing.columns = {"Name", "Arguments", "Result", "Result Units", "Components", "Locators"};
     for (const CatalogueDefinition& definition : p_definitions.catalogue().all())
         if (definition.kind == DefinitionKind::CallbackFunction)
             listing.items.push_back(callbackItem(p_definitions, definition));

@@ -22,7 +22,7 @@ struct ListedItem {
 
 /// Everything of one kind, in the order of the texts.
 struct Listing {
-    std::vector<Column> columns;
+    std::vector<std::string> columns;
     std::vector<ListedItem> items;
 };
 

@@ -60,9 +60,8 @@ ListedItem parameterItem(const Definitions& p_definitions, const std::string& p_
 Listing listParameters(const Definitions& p_definitions)
 {
     Listing listing;
-    listing.columns = {{"Object", 32}, {"Parameter", 24},  {"Type", 7},
-                       {"Units", 12},  {"Quantity", 18},   {"At Least", 8},
-                       {"At Most", 7}, {"Depends On", 10}, {"Allowed"}};
+    listing.columns = {"Object",   "Parameter", "Type",       "Units",  "Quantity",
+                       "At Least", "At Most",   "Depends On", "Allowed"};
     p_definitions.rules().visitRules([&](const std::string& p_pattern, const ParameterRule& p_rule) {
         listing.items.push_back(parameterItem(p_definitions, p_pattern, p_rule));
     });

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
-#include <utility>
+#include <limits>
 
 namespace qencheck {
 namespace {
@@ -21,9 +21,8 @@ std::string line(const std::vector<std::size_t>& p_starts, CellText&& p_cell)
         const std::string& cell = p_cell(i);
         if (p_starts[i] == k_leftOut || cell.empty())
             continue;
-        const std::size_t start = width == 0 ? p_starts[i] : std::max(p_starts[i], width + k_gap);
-        text.append(start - width, ' ').append(cell);
-        width = start + characterCount(cell);
+        text.append(p_starts[i] - width, ' ').append(cell);
+        width = p_starts[i] + characterCount(cell);
     }
     return text;
 }
@@ -32,7 +31,7 @@ std::string line(const std::vector<std::size_t>& p_starts, CellText&& p_cell)
 
 void Table::addRow(std::vector<std::string> p_cells)
 {
-    assert(p_cells.size() == m_columns.size());
+    assert(p_cells.size() == m_headings.size());
     for (std::string& cell : p_cells)
         std::replace(cell.begin(), cell.end(), '\t', ' ');
     m_rows.push_back(std::move(p_cells));
@@ -40,9 +39,9 @@ void Table::addRow(std::vector<std::string> p_cells)
 
 std::vector<std::size_t> Table::columnStarts() const
 {
-    std::vector<std::size_t> starts(m_columns.size(), k_leftOut);
+    std::vector<std::size_t> starts(m_headings.size(), k_leftOut);
     std::size_t start = 0;
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
+    for (std::size_t i = 0; i < m_headings.size(); ++i)
     {
         std::size_t widestCell = 0;
         for (const std::vector<std::string>& row : m_rows)
@@ -50,8 +49,7 @@ std::vector<std::size_t> Table::columnStarts() const
         if (widestCell == 0)
             continue;
         starts[i] = start;
-        start += std::max(std::min(widestCell, m_columns[i].widest), characterCount(m_columns[i].heading));
-        start += k_gap;
+        start += std::max(widestCell, characterCount(m_headings[i])) + k_gap;
     }
     return starts;
 }
@@ -60,7 +58,7 @@ std::string Table::text(Colour p_colour) const
 {
     const std::vector<std::size_t> starts = columnStarts();
     const std::string headings =
-        line(starts, [&](std::size_t p_column) -> const std::string& { return m_columns[p_column].heading; });
+        line(starts, [&](std::size_t p_column) -> const std::string& { return m_headings[p_column]; });
 
     std::string text = p_colour == Colour::On ? "\x1b[1m" + headings + "\x1b[0m\n" : headings + "\n";
     for (const std::vector<std::string>& row : m_rows)

@@ -80,8 +80,7 @@ Listing listUnits(const Definitions& p_definitions)
 {
     const UnitSystem& system = p_definitions.units();
     Listing listing;
-    listing.columns = {{"Kind"},           {"Name", 20}, {"Size", 18},
-                       {"Base Units", 20}, {"Prefixes"}, {"Made Of or Measured In"}};
+    listing.columns = {"Kind", "Name", "Size", "Base Units", "Prefixes", "Made Of or Measured In"};
 
     std::unordered_map<std::string, std::vector<std::string>> unitsOfDimension;    // by its base units
     for (const UnitEntry& unit : system.allUnits())
