@@ -32,7 +32,7 @@ namespace {
 
 using Records = std::vector<ExpressionErrors::ExprError>;
 
-/// What an exception says, with where it comes from.
+/// What an exception says.
 std::string describe(const std::exception_ptr& p_exception)
 {
     try
@@ -41,7 +41,7 @@ std::string describe(const std::exception_ptr& p_exception)
     }
     catch (const Error& error)
     {
-        return error.errorMessage();
+        return error.getMessage();
     }
     catch (const std::exception& error)
     {
@@ -244,13 +244,16 @@ private:
             return;    // told of when the parameter was followed
         m_atFault.insert(key(p_objectPath, p_paramName));
 
+        const std::string reason = describe(p_exception);
         const std::string message = "Parameter '" + p_paramName + "' in object '" + p_objectPath +
-                                    "' could not be checked: " + describe(p_exception);
+                                    "' could not be checked: " + reason;
+        const MessageLog::Raised* const raised = m_messages.find(reason);
+        const std::string identifier = raised ? raised->message->identifier : "check-exception";
         const QclParameter* parameter = m_index.find(p_objectPath, p_paramName);
         if (parameter)
-            addAtName(*parameter, "check-exception", message);
+            addAtName(*parameter, identifier, message);
         else
-            addWithoutPlace("check-exception", message);
+            addWithoutPlace(identifier, message);
     }
 
     // A line end stands neither in a path nor in a name.

@@ -141,7 +141,12 @@ private:
         QELName::Component function;
         std::string unused;
         QELName::splitCallbackName(reference.name, unused, function);
-        checkLetters(p_expression, reference, function.selector());
+        if (function.selector().size() > 1)
+            add(p_expression, reference.range, "unknown-component",
+                "The function '" + reference.name +
+                    "' is given several axes. Expected one of 'x', 'y' and 'z'.");
+        else
+            checkLetters(p_expression, reference, function.selector());
 
         std::size_t next = p_function + 1;
         if (next < p_references.size() && p_references[next].kind == Kind::Locator)

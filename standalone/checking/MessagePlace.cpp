@@ -16,15 +16,19 @@ using Kind = QelReference::Kind;
 
 constexpr std::string_view k_badExpression = "bad-expression";
 
-/// A placeholder that tells what a message is about, and the kind of reference that it is filled with.
+/// A placeholder that tells what a message is about, the kind of reference that it is found in, and whether it is a part
+/// of that reference or the whole.
 struct Subject {
     std::string_view placeholder;
     Kind kind;
+    bool isPart = false;
 };
 
 // What tells most comes first.
-constexpr std::array<Subject, 7> k_subjects {{
+constexpr std::array<Subject, 9> k_subjects {{
     {"argument", Kind::Argument},
+    {"frame", Kind::Argument, true},
+    {"operator", Kind::Argument, true},
     {"variable", Kind::Variable},
     {"variable", Kind::Argument},
     {"expression", Kind::Variable},
@@ -43,8 +47,9 @@ const std::string* filled(const MessageLog::Raised& p_raised, std::string_view p
     return &p_raised.arguments[static_cast<std::size_t>(found - placeholders.begin())];
 }
 
-/// The first reference of that kind and text. Locators and arguments count only behind the function of the message.
-const QelReference* find(const std::vector<QelReference>& p_references, Kind p_kind,
+/// The first reference of that kind with that text. Locators and arguments count only behind the function of the
+/// message.
+const QelReference* find(const std::vector<QelReference>& p_references, const Subject& p_subject,
                          const std::string& p_text, const std::string* p_function)
 {
     bool behindFunction = !p_function;
@@ -52,7 +57,9 @@ const QelReference* find(const std::vector<QelReference>& p_references, Kind p_k
     {
         if (reference.kind == Kind::Callback)
             behindFunction = !p_function || reference.name == *p_function;
-        if (reference.kind == p_kind && reference.name == p_text && behindFunction)
+        const bool hasText =
+            p_subject.isPart ? reference.name.find(p_text) != std::string::npos : reference.name == p_text;
+        if (reference.kind == p_subject.kind && hasText && behindFunction)
             return &reference;
     }
     return nullptr;
@@ -80,9 +87,9 @@ const QelReference* findSubject(const MessageLog::Raised& p_raised,
                                 const std::vector<QelReference>& p_references, const World& p_world)
 {
     const std::string* const function = filled(p_raised, "function");
-    for (const auto& [placeholder, kind] : k_subjects)
-        if (const std::string* const text = filled(p_raised, placeholder))
-            if (const QelReference* const reference = find(p_references, kind, *text, function))
+    for (const Subject& subject : k_subjects)
+        if (const std::string* const text = filled(p_raised, subject.placeholder))
+            if (const QelReference* const reference = find(p_references, subject, *text, function))
                 return reference;
 
     const std::string* const list = filled(p_raised, "list of variables");

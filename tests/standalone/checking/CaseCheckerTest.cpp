@@ -75,16 +75,13 @@ TEST(CaseChecker, TellsAnExceptionAtTheParameterThatCausesItAndChecksTheRest)
     // Given a bound that cannot be compared with the number: its parameter has no quantity to refuse the units first
     const CaseReport report = check("Length = 1 [K]\nOdd = 1 [s]\nLengths = 1 [K] * 2\n");
 
-    EXPECT_THAT(
-        report.findings,
-        ElementsAre(
-            FoundAt(2, 10, "wrong-units", testing::_),
-            FoundAt(
-                3, 1, "check-exception",
-                "Parameter 'Odd' in object '/FLOW:F/TEST' could not be checked: "
-                "DimExprChecker::extractBoundValue: The lower or upper bound value for parameter 'Odd' has "
-                "been specified with invalid units."),
-            FoundAt(4, 11, "wrong-expression-units", testing::_)));
+    EXPECT_THAT(report.findings,
+                ElementsAre(FoundAt(2, 10, "wrong-units", testing::_),
+                            FoundAt(3, 1, "invalid-bound",
+                                    "Parameter 'Odd' in object '/FLOW:F/TEST' could not be checked: The "
+                                    "lower or upper bound value "
+                                    "for parameter 'Odd' has been specified with invalid units."),
+                            FoundAt(4, 11, "wrong-expression-units", testing::_)));
 }
 
 TEST(CaseChecker, TellsAnExceptionOfADeferredCheckAtItsParameterToo)
@@ -92,7 +89,7 @@ TEST(CaseChecker, TellsAnExceptionOfADeferredCheckAtItsParameterToo)
     // Given an expression whose bound cannot be compared: only the run of what was deferred finds out
     const CaseReport report = check("Odd = 1 [s] * 2\nLengths = 1 [K] * 2\n");
 
-    EXPECT_THAT(report.findings, ElementsAre(FoundAt(2, 1, "check-exception", testing::_),
+    EXPECT_THAT(report.findings, ElementsAre(FoundAt(2, 1, "invalid-bound", testing::_),
                                              FoundAt(3, 11, "wrong-expression-units", testing::_)));
 }
 

@@ -75,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(Table, MessagePlace, testing::Values(
     PlaceCase {"Function",        "Any = 1 + volume@Inlet() / 1 [m^3]",     "function-locator-dimension", "Inlet"},
     PlaceCase {"ListedVariable",  "Coordinates = x * 1 [Pa m^-1] + Total Pressure", "unavailable-variables", "Total Pressure"},
     PlaceCase {"ListedByFullName", "Single = 1 [Pa] + Pressure",            "field-valued-variables", "Pressure"},
+    PlaceCase {"PartOfAnArgument", "Any = 2 * rbstate(Euler Angle{x:Rotor Frame})", "coordinate-frame-unsupported", "Euler Angle{x:Rotor Frame}"},
     PlaceCase {"WholeValue",      "Pressure = 1 [m] * x / x",               "wrong-expression-units", "1 [m] * x / x"}),
     [](const auto& p_info) { return std::string(p_info.param.name); });
 // clang-format on
