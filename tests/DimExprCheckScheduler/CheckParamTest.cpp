@@ -241,10 +241,12 @@ TEST_F(CheckParam, LeavesAloneWhatTheRulesDoNotKnowAndForgetsNothing)
 
     m_host.rulesDoNotKnowParameter("Width");
     setWidth("2 [m]");
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(keptWidth()->numbers, ElementsAre(IsNumber(4.0F, "m")));
 
     m_host.rulesDoNotKnowPath(k_duct);
     setWidth("2 [m]");
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(keptWidth()->numbers, ElementsAre(IsNumber(4.0F, "m")));
 }
 
@@ -255,6 +257,7 @@ TEST_F(CheckParam, LeavesAloneWhatIsNotNumericAndForgetsNothing)
 
     setWidth("");
 
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(keptWidth()->numbers, ElementsAre(IsNumber(4.0F, "m")));
 }
 
@@ -310,6 +313,7 @@ TEST_F(CheckParam, LetsAnExceptionPassAndKeepsWhatItKept)
 
     EXPECT_TRUE(support::thrownBy<data::error>([&] { setWidth("1 [m]"); }));
 
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(keptWidth()->numbers, ElementsAre(IsNumber(4.0F, "m")));
 }
 

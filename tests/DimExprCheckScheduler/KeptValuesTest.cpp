@@ -85,9 +85,11 @@ TEST_F(KeptValues, AreCopiesInPlaceOfEarlierOnes)
     ParamValue first = value("x");
     m_scheduler.addDeferredParam("/A:a", "P", first);
     first.expressions = {"changed"};
+    ASSERT_TRUE(support::keptValue(m_scheduler, "/A:a", "P"));
     EXPECT_THAT(support::keptValue(m_scheduler, "/A:a", "P")->expressions, ElementsAre("x"));
 
     m_scheduler.addDeferredParam("/A:a", "P", value("y"));
+    ASSERT_TRUE(support::keptValue(m_scheduler, "/A:a", "P"));
     EXPECT_THAT(support::keptValue(m_scheduler, "/A:a", "P")->expressions, ElementsAre("y"));
     EXPECT_THAT(kept(), ElementsAre("/A:a|P"));
 }

@@ -45,6 +45,7 @@ TEST_F(Notifications, AChangeIsReadFromTheModel)
 {
     m_host.parameter(k_duct, "Width").hasStoredValue("4 [m]");
     handler().onParamChange(k_duct, "Width", "1 [m]", true);
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(keptWidth()->numbers, ElementsAre(IsNumber(4.0F, "m")));
 
     m_host.parameter(k_duct, "Width").hasStoredValue("1 [m]");

@@ -11,6 +11,7 @@ namespace {
 using support::ErrorSaying;
 using support::IsAbout;
 using support::thrownBy;
+using support::WarningSaying;
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -89,12 +90,14 @@ TEST_F(RunDeferredChecks, ChecksTheKeptValueAndNotThatOfTheModel)
 TEST_F(RunDeferredChecks, StopsAtTheFirstFailingNumberAndLeavesLaterFlags)
 {
     setWidth("1 [m], 4 [m], 5 [m], 2 [m]");
+    ASSERT_TRUE(keptWidth());
     ASSERT_THAT(flags(keptWidth()->numbers), ElementsAre(true, false, false, true));
     m_host.parameter(k_duct, "Width").hasUpperBound("0.5 [m]");
     m_host.forgetCalls();
 
     m_scheduler.runDeferredChecks();
 
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(flags(keptWidth()->numbers), ElementsAre(false, false, false, true));
     EXPECT_THAT(m_host.callsTo({"modifier.quantityMode"}), SizeIs(1));
     EXPECT_THAT(records(), SizeIs(1));
@@ -107,6 +110,7 @@ TEST_F(RunDeferredChecks, SetsTheFlagsUpToTheFirstFailingNumber)
 
     m_scheduler.runDeferredChecks();
 
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(flags(keptWidth()->numbers), ElementsAre(true, false, false));
     EXPECT_THAT(records(), SizeIs(1));
 }
@@ -202,6 +206,46 @@ TEST_F(RunDeferredChecks, KeepsNamedExpressionsAndNeverParsesThem)
     EXPECT_THAT(records(), IsEmpty());
     EXPECT_THAT(kept(), ElementsAre("/LIBRARY/QEL/EXPRESSIONS|Own"));
     EXPECT_THAT(m_host.callsTo({"evaluator."}), IsEmpty());
+}
+
+TEST_F(RunDeferredChecks, RecordsANameThatClashesOnceForEachItemOfANamedExpression)
+{
+    m_host.rulesGovern({"Own"});
+    m_host.parameter(k_expressions, "Own").hasStoredValue("x, 7");
+    m_scheduler.checkParam(k_expressions, "Own");
+
+    m_scheduler.runDeferredChecks();
+
+    const auto clash =
+        AllOf(WarningSaying("The expression name 'Own' is a QVN Command Language parameter name. This may "
+                            "cause difficulties when the case is run."),
+              IsAbout(k_expressions, "Own"));
+    EXPECT_THAT(records(), ElementsAre(clash, clash));
+}
+
+TEST_F(RunDeferredChecks, ChecksNamedExpressionsThatStandOutsideTheLibraryLikeOtherExpressions)
+{
+    m_host.rulesGovern({"Own"});
+    m_host.expression("7").isConstant(7.0F, "");
+    m_host.expression("((").failsWith("Not closed.");
+    m_host.parameter("/FLOW:F/EXPRESSIONS", "Own").hasStoredValue("7, ((");
+    m_scheduler.checkParam("/FLOW:F/EXPRESSIONS", "Own");
+
+    m_scheduler.runDeferredChecks();
+
+    EXPECT_THAT(records(),
+                ElementsAre(ErrorSaying("Bad expression value '((' detected in parameter 'Own' in object "
+                                        "'/FLOW:F/EXPRESSIONS'.\nQEL error:\nNot closed.")));
+    EXPECT_THAT(kept(), ElementsAre("/FLOW:F/EXPRESSIONS|Own"));
+}
+
+TEST_F(RunDeferredChecks, ForgetsAPlainValueWithoutAnyItem)
+{
+    m_scheduler.addDeferredParam(k_duct, "Width", ParamValue());
+
+    m_scheduler.runDeferredChecks();
+
+    EXPECT_THAT(support::keptObjects(m_scheduler), IsEmpty());
 }
 
 // The order of the run.
@@ -319,6 +363,7 @@ TEST_F(RunDeferredChecks, LetsAnExceptionPassAndKeepsTheEntryAtHandAndThoseBehin
     EXPECT_EQ(thrown->getMessage(),
               "The lower or upper bound value for parameter 'Q' has been specified with invalid units.");
     EXPECT_THAT(kept(), ElementsAre("/A:b|Q", "/A:b|R"));
+    ASSERT_TRUE(support::keptValue(m_scheduler, "/A:b", "Q"));
     EXPECT_THAT(flags(support::keptValue(m_scheduler, "/A:b", "Q")->numbers), ElementsAre(false, false));
 }
 
@@ -334,6 +379,7 @@ TEST_F(RunDeferredChecks, LeavesTheFlagsOfAnEntryAsTheyWereWhenALaterNumberThrow
 
     EXPECT_TRUE(thrownBy<std::out_of_range>([&] { m_scheduler.runDeferredChecks(); }));
 
+    ASSERT_TRUE(keptWidth());
     EXPECT_THAT(flags(keptWidth()->numbers), ElementsAre(false, false));
 }
 

@@ -17,7 +17,7 @@ namespace qen::proof {
 
 using Record = ExpressionErrors::ExprError;
 
-/// A check met a rule that it cannot use; the host gets an exception.
+/// A check met a bound that it cannot use; the host gets an exception.
 struct CheckFailed {};
 
 // What one check says, in full. Nothing when all is well.
@@ -28,13 +28,14 @@ inline std::optional<Record> problem(const Place& p_place, std::string p_text,
     return Record(p_place.object, p_place.parameter, std::move(p_text), p_level);
 }
 
-inline std::optional<Record> boundProblem(const World& p_world, std::size_t p_place, float p_value)
+inline std::optional<Record> boundProblem(const World& p_world, std::size_t p_place, float p_value,
+                                          const std::string& p_units)
 {
     const Place& place = places()[p_place];
     const Rules& rules = p_world.rules(p_place);
     if (rules.upperBound.empty())
         return std::nullopt;
-    if (!rules.boundIsRight)
+    if (!rules.boundIsRight || p_units != rules.units)
         throw CheckFailed();
     if (p_value <= rules.limit)
         return std::nullopt;
@@ -52,7 +53,7 @@ inline std::optional<Record> numberProblem(const World& p_world, std::size_t p_p
         return problem(place, std::string(rules.dynamic ? "Invalid dynamic units ('" : "Invalid units ('") +
                                   p_units + "') set for parameter '" + place.parameter + "' in object '" +
                                   place.object + "'. Expected units: '" + rules.units + "'.");
-    return boundProblem(p_world, p_place, p_value);
+    return boundProblem(p_world, p_place, p_value, p_units);
 }
 
 inline std::optional<Record> expressionProblem(const World& p_world, std::size_t p_place, const Item& p_item)
@@ -76,7 +77,7 @@ inline std::optional<Record> expressionProblem(const World& p_world, std::size_t
         return problem(place, "Expression resolves to invalid units ('" + p_item.units +
                                   "') in value set for parameter '" + place.parameter + "' in object '" +
                                   place.object + "'. Expected units: '" + rules.units + "'.");
-    return p_item.isConstant ? boundProblem(p_world, p_place, p_item.value) : std::nullopt;
+    return p_item.isConstant ? boundProblem(p_world, p_place, p_item.value, p_item.units) : std::nullopt;
 }
 
 /// What should be kept and recorded, said as plainly as possible: one flat list of kept values, in the order of path and

@@ -254,7 +254,7 @@ TEST_F(SchedulerProof, ComesAcrossEveryModeAndOutcome)
     std::array<bool, 3> modes {};
     std::array<bool, 2> levels {};
     std::array<bool, Operation::KindCount> throwing {};
-    for (std::uint64_t seed = 1; seed <= 200; ++seed)
+    for (std::uint64_t seed = 1; seed <= 400; ++seed)
     {
         SchedulerPair pair(m_statics);
         for (const Operation& operation : randomOperations(seed))

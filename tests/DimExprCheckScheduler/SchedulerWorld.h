@@ -71,10 +71,10 @@ inline const std::vector<Value>& values()
 
 // Rules.
 
-/// What the rules say about a parameter at a time. The upper bound is in the units of the quantity.
+/// What the rules say about a parameter at a time.
 struct Rules {
     std::string quantity;    // empty: none
-    std::string units;
+    std::string units;       // of the quantity, if any, and of the bound
     bool dynamic = false;
     std::string upperBound;    // empty: none
     float limit = 0.0F;
@@ -90,6 +90,8 @@ inline const Rules k_length {"Length", "m", false, "3 [m]", 3.0F};
 inline const Rules k_longer {"Length", "m", false, "9 [m]", 9.0F};
 inline const Rules k_time {"Time", "s", false, "3 [s]", 3.0F};
 inline const Rules k_badBound {"Length", "m", false, "wide", 0.0F, false};
+// Each number finds out by itself whether the bound can be converted into its units.
+inline const Rules k_boundAlone {"", "m", false, "9 [m]", 9.0F};
 inline const Rules k_dynamicLength {"Dynamic Length", "m", true, "3 [m]", 3.0F};
 inline const Rules k_dynamicTime {"Dynamic Time", "s", true, "", 0.0F};
 inline const Rules k_text {"Length", "m", false, "3 [m]", 3.0F, true, false};
@@ -129,11 +131,11 @@ inline const std::array<Place, PlaceCount>& places()
     static const std::string duct = "/FLOW:F/DOMAIN:Duct";
     static const std::string library = "/LIBRARY/QEL/EXPRESSIONS";
     static const std::array<Place, PlaceCount> k_places {{
-        {duct, "Width", {k_length, k_time, k_badBound}},
+        {duct, "Width", {k_length, k_time, k_boundAlone}},
         {duct, "Load", {k_dynamicLength, k_dynamicTime, k_length}},
         {library, "Width", {k_any}, true, true},
-        {duct, "Height", {k_length, k_text, k_longer, k_dynamicTime}},
-        {duct + "/BOUNDARY:In", "Width", {k_length, k_longer, k_badBound}},
+        {duct, "Height", {k_length, k_text, k_longer, k_boundAlone, k_dynamicTime}},
+        {duct + "/BOUNDARY:In", "Width", {k_length, k_badBound, k_longer}},
         {duct + " 2", "Width", {k_length, k_time}},
         {library, "Own", {k_any}, true, true},
         {"/FLOW:F/EXPRESSIONS", "Own", {k_any, k_time}, true},
