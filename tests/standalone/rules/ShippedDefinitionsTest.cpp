@@ -290,12 +290,11 @@ TEST_P(Example, GivesItsExpressionsNamesOfTheirOwn)
             }
 }
 
-INSTANTIATE_TEST_SUITE_P(Examples, Example,
-                         testing::Values(ExampleCase {"Pump", "pump.qcl"},
-                                         ExampleCase {"MixingVessel", "mixing-vessel.qcl"}),
-                         [](const testing::TestParamInfo<ExampleCase>& p_info) {
-                             return std::string(p_info.param.name);
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    Examples, Example,
+    testing::Values(ExampleCase {"Pump", "pump.qcl"}, ExampleCase {"MixingVessel", "mixing-vessel.qcl"},
+                    ExampleCase {"Burner", "burner.qcl"}, ExampleCase {"BubbleColumn", "bubble-column.qcl"}),
+    [](const testing::TestParamInfo<ExampleCase>& p_info) { return std::string(p_info.param.name); });
 
 }    // namespace
 }    // namespace qen::standalone::test
