@@ -185,7 +185,8 @@ TEST_F(SchedulerProof, KeepsAndRecordsAsThePlainModelOverAllShortSequences)
 
     goOn(pair, made, longest);
 
-    ASSERT_FALSE(HasFailure());
+    if (HasFatalFailure())
+        return;
     EXPECT_EQ(m_sequences, longest == 5 ? 271'452U : 156U);
 }
 
