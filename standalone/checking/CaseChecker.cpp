@@ -12,6 +12,7 @@
 #include "names/PrefixClassifier.h"
 #include "names/ShortNameFinder.h"
 #include "physics/PhysicsAnswers.h"
+#include "physics/PhysicsNotifier.h"
 #include "world/World.h"
 
 #include "DimExprChecker.h"
@@ -61,8 +62,11 @@ public:
           m_model(p_case), m_world(makeWorld()), m_prefixes(m_model), m_locators(m_model),
           m_shortNames(p_definitions.variables()),
           m_physics(p_definitions.physics(), m_model, [this] { return m_model.version(); }),
-          m_availability(&m_model, &m_shortNames, &m_physics)
-    {}
+          m_availability(&m_model, &m_shortNames, &m_physics),
+          m_physicsChanges(m_model, p_definitions.physics())
+    {
+        m_physicsChanges.attach(m_availability);
+    }
 
     CaseReport run()
     {
@@ -291,6 +295,7 @@ private:
         m_definitions.physics().endlessQueries();    // of other cases
     PhysicsAnswers m_physics;
     VarAvailabilityChecker m_availability;
+    PhysicsNotifier m_physicsChanges;
     MessageLog m_messages;
     std::unordered_set<std::string> m_leftOut;     // parameters that are too long to be checked
     std::unordered_set<std::string> m_excepted;    // parameters that an exception was told of

@@ -14,6 +14,7 @@ struct ModelTree::Impl {
     std::unordered_map<std::string_view, std::unique_ptr<Object>> objects;
     std::vector<Object*> roots;
     std::size_t version = 0;
+    std::function<void(const ModelChange&)> listener;
 
     Object* find(std::string_view p_objectPath) const
     {
@@ -41,8 +42,15 @@ struct ModelTree::Impl {
         Object& added = *object;
         objects.emplace(added.path, std::move(object));
         siblingsOf(added).push_back(&added);
-        ++version;
+        changed({ModelChange::Kind::ObjectAdded, added.path, added.type, {}});
         return added;
+    }
+
+    void changed(const ModelChange& p_change)
+    {
+        ++version;
+        if (listener)
+            listener(p_change);
     }
 
     /// The object at a path, made with its ancestors where they are missing.
@@ -110,6 +118,8 @@ void ModelTree::setParameter(std::string_view p_objectPath, std::string_view p_p
     const std::uint32_t position = object.m_parameterIndex.find(object.parameters, p_paramName);
     if (position != NameIndex<Object::NameOf>::k_none)
     {
+        if (object.parameters[position].value == p_value)
+            return;
         object.parameters[position].value = p_value;
     }
     else
@@ -117,7 +127,7 @@ void ModelTree::setParameter(std::string_view p_objectPath, std::string_view p_p
         object.parameters.push_back({std::string(p_paramName), std::string(p_value)});
         object.m_parameterIndex.addNext(object.parameters);
     }
-    ++m_impl->version;
+    m_impl->changed({ModelChange::Kind::ParameterSet, object.path, object.type, p_paramName});
 }
 
 void ModelTree::deleteParameter(std::string_view p_objectPath, std::string_view p_paramName)
@@ -130,9 +140,10 @@ void ModelTree::deleteParameter(std::string_view p_objectPath, std::string_view 
     if (position == NameIndex<Object::NameOf>::k_none)
         return;
 
+    const std::string name = std::move(object->parameters[position].name);
     object->parameters.erase(object->parameters.begin() + position);
     object->m_parameterIndex.rebuild(object->parameters);
-    ++m_impl->version;
+    m_impl->changed({ModelChange::Kind::ParameterDeleted, object->path, object->type, name});
 }
 
 void ModelTree::deleteObject(std::string_view p_objectPath)
@@ -145,14 +156,21 @@ void ModelTree::deleteObject(std::string_view p_objectPath)
 
     // Without recursion: a path may have any number of levels.
     std::vector<Object*> doomed {object};
+    std::vector<std::unique_ptr<Object>> deleted;    // until it has been told of
     while (!doomed.empty())
     {
         Object* last = doomed.back();
         doomed.pop_back();
         doomed.insert(doomed.end(), last->children.begin(), last->children.end());
-        m_impl->objects.erase(last->path);
+        deleted.push_back(std::move(m_impl->objects.extract(last->path).mapped()));
     }
-    ++m_impl->version;
+    for (const std::unique_ptr<Object>& gone : deleted)
+        m_impl->changed({ModelChange::Kind::ObjectDeleted, gone->path, gone->type, {}});
+}
+
+void ModelTree::onChange(std::function<void(const ModelChange&)> p_listener)
+{
+    m_impl->listener = std::move(p_listener);
 }
 
 std::size_t ModelTree::version() const { return m_impl->version; }

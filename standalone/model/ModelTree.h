@@ -6,12 +6,24 @@
 #include "StandaloneApi.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace qen::standalone {
+
+/// One change of a model.
+struct ModelChange {
+    enum class Kind : std::uint8_t { ObjectAdded, ObjectDeleted, ParameterSet, ParameterDeleted };
+
+    Kind kind;
+    std::string_view objectPath;
+    std::string_view objectType;
+    std::string_view paramName;    ///< empty where the object itself came or went
+};
 
 /// The model: the objects of a case as a tree. Every ancestor of an object exists by being named in its path.
 /// Look-up by path takes constant time and allocates nothing; an object stays where it is until it is deleted.
@@ -76,6 +88,11 @@ public:
 
     /// Deletes an object, if it exists, with all that is below it. Its ancestors stay.
     void deleteObject(std::string_view p_objectPath);
+
+    /// Has each later change told behind it, that of every object apart; setting a parameter to the value that it has is
+    /// none. One listener at a time: an empty one ends it. The texts hold during the call, in which the model must not
+    /// be changed.
+    void onChange(std::function<void(const ModelChange&)> p_listener);
 
     /// Grows with each change, so that what was worked out from the model can be told from what holds now.
     std::size_t version() const;
