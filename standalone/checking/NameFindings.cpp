@@ -7,6 +7,8 @@
 #include "PreVariableDefStore.h"
 #include "QCLPath.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -74,8 +76,8 @@ private:
                 SourcePlace place = p_object.place;
                 place.column += static_cast<std::uint32_t>(begin);
                 add(place, length, "name-not-writable",
-                    "The name '" + name + "' of the object '" + levelPath +
-                        "' cannot be written in an expression. " + k_expectedName);
+                    fmt::format("The name '{}' of the object '{}' cannot be written in an expression. {}",
+                                name, levelPath, k_expectedName));
             }
             begin += length;
         }
@@ -85,14 +87,16 @@ private:
     {
         if (!isQelName(p_expression.name))
             add(p_expression.place, p_expression.name.size(), "name-not-writable",
-                "The name of the named expression '" + p_expression.name +
-                    "' cannot be written in an expression. " + k_expectedName);
+                fmt::format("The name of the named expression '{}' cannot be written in an expression. {}",
+                            p_expression.name, k_expectedName));
 
         const char* const other = hiddenBy(p_expression.name);
         if (*other)
             add(p_expression.place, p_expression.name.size(), "named-expression-hidden",
-                "The named expression '" + p_expression.name + "' is never reached: in an expression '" +
-                    p_expression.name + "' means " + other + " of that name.");
+                fmt::format(
+                    "The named expression '{0}' is never reached: in an expression '{0}' means {1} of that "
+                    "name.",
+                    p_expression.name, other));
     }
 
     /// What hides a named expression, where the library's own checks do not say so; an empty text for nothing.
@@ -122,9 +126,10 @@ private:
             if (object == m_objects.end())
                 continue;    // named only as the ancestor of another
             add(object->second->place, object->second->path.size(), "repeated-locator",
-                "The name '" + repetition.object->name + "' of the object '" + repetition.object->path +
-                    "' is that of '" + repetition.first->path + "' already, which is what '@" +
-                    repetition.object->name + "' means in an expression.");
+                fmt::format(
+                    "The name '{0}' of the object '{1}' is that of '{2}' already, which is what '@{0}' means "
+                    "in an expression.",
+                    repetition.object->name, repetition.object->path, repetition.first->path));
         }
     }
 

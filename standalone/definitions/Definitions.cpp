@@ -5,6 +5,8 @@
 
 #include "VarAvailabilityChecker.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <deque>
@@ -78,10 +80,10 @@ void checkQueriesAreDefined(const PhysicsBook& p_physics, std::vector<Finding>& 
     const VarAvailabilityChecker declaresItsQueries(nullptr, nullptr, &p_physics);
     for (const std::string& query : p_physics.undefinedQueries())
         p_problems.push_back(
-            withoutPlace("undefined-query", "The physics query '" + query +
-                                                "' is asked and no file defines it. Expected a "
-                                                "section '/QUERY:" +
-                                                query + "' in " + k_physicsFile + "."));
+            withoutPlace("undefined-query",
+                         fmt::format("The physics query '{0}' is asked and no file defines it. Expected a "
+                                     "section '/QUERY:{0}' in {1}.",
+                                     query, k_physicsFile)));
 }
 
 }    // namespace

@@ -45,7 +45,8 @@ std::variant<std::string, ReadFailure> readBytes(const std::string& p_path, std:
     if (fs::is_regular_file(status))
         if (const std::uintmax_t size = fs::file_size(p_path, failure); !failure)
             stretch = std::max<std::size_t>(stretch, std::min<std::uintmax_t>(size, p_mostBytes) + 1);
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+    if (std::setvbuf(file.get(), nullptr, _IONBF, 0) != 0)
+        return unreadable(errno);
 
     std::string bytes;
     std::size_t count = 0;

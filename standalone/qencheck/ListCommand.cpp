@@ -67,6 +67,7 @@ constexpr std::array k_kinds {
 std::vector<std::string> kindWords()
 {
     std::vector<std::string> words;
+    words.reserve(k_kinds.size());
     for (const Kind& kind : k_kinds)
         words.emplace_back(kind.word);
     return words;
@@ -128,6 +129,7 @@ void refuseUnknownWords(const WordOption& p_option, const Kind& p_kind, const Li
         for (const std::string& word : item.*p_option.words)
             known.emplace(StringUtilities::toLowerCase(word), word);
     std::vector<std::string> words;
+    words.reserve(known.size());
     for (const auto& [lower, word] : known)
         words.push_back(word);
 
