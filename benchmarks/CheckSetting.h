@@ -3,11 +3,16 @@
 #include "Formulas.h"
 
 #include "definitions/Definitions.h"
+#include "locators/ModelLocators.h"
 #include "model/ModelTree.h"
+#include "names/PrefixClassifier.h"
+#include "names/ShortNameFinder.h"
+#include "physics/PhysicsAnswers.h"
 #include "world/World.h"
 
 #include "DimExprChecker.h"
 #include "PreVariableDefStore.h"
+#include "VarAvailabilityChecker.h"
 
 #include <string>
 
@@ -56,6 +61,11 @@ private:
     standalone::Definitions m_definitions;
     standalone::ModelTree m_model;
     standalone::World m_world;
+    standalone::PrefixClassifier m_prefixes;
+    standalone::ModelLocators m_locators;
+    standalone::ShortNameFinder m_shortNames;
+    standalone::PhysicsAnswers m_physics;
+    VarAvailabilityChecker m_availability;
     DimExprChecker m_checker;
 };
 

@@ -80,9 +80,9 @@ inline constexpr std::array k_formulas = std::to_array<Formula>({
     {k_inflow, "Velocity V",
      "4 [m s^-1] * (1 - abs(y) / 0.25 [m]) * (1 - abs(z) / 0.25 [m])",
      "4 * mps * (1 - abs(y) / (0.25 * m)) * (1 - abs(z) / (0.25 * m))"},
-    {k_opening, "Loss Coefficient",
-     "5 * Total Pressure / (Density * 9.81 [m s^-2] * 10 [m])",
-     "5 * TotalPressure / (Density * 9.81 * acc * 10 * m)"},
+    {k_opening, "Relative Pressure",
+     "5 [Pa] * Total Pressure / (Density * 9.81 [m s^-2] * 10 [m])",
+     "5 * Pa * TotalPressure / (Density * 9.81 * acc * 10 * m)"},
 });
 // clang-format on
 static_assert(k_formulas.size() == 20);
