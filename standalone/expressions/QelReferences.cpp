@@ -342,10 +342,8 @@ bool Analysis::expressionValue(Operand& p_operand, const char* p_begin)
     bool found = false;
     const bool inArgument = std::exchange(m_inArgument, false);
     const std::string_view locator = m_locator;
-    for (const ModelTree::Object* flow : m_world.model->roots())
+    for (const ModelTree::Object* flow : m_world.model->rootsOf("FLOW"))
     {
-        if (flow->type != "FLOW")
-            continue;
         const ModelTree::Object* const point = m_world.model->find(monitorPointPath(flow->path, locator));
         const ModelTree::Parameter* const value = point ? point->find(k_expressionValue) : nullptr;
         if (!value || value->value.empty())

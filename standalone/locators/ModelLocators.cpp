@@ -28,10 +28,12 @@ std::string ModelLocators::objectPath(const std::string& p_flowName, const std::
 const LocatorIndex::Locator* ModelLocators::find(const std::string& p_flowName,
                                                  const std::string& p_locator) const
 {
-    if (m_version != m_model.version())
+    if (m_reads)
+        m_reads->use(m_reads->node(ReadGraph::Kind::Locator, p_flowName, p_locator));
+    if (m_version != m_model.objectsVersion())
     {
         m_flows.clear();
-        m_version = m_model.version();
+        m_version = m_model.objectsVersion();
     }
 
     auto known = m_flows.find(p_flowName);

@@ -3,6 +3,7 @@
 #include "LocatorInfo.h"
 #include "locators/LocatorIndex.h"
 #include "model/ModelTree.h"
+#include "model/ReadGraph.h"
 #include "StandaloneApi.h"
 
 #include <cstddef>
@@ -15,7 +16,10 @@ namespace qen::standalone {
 class QEN_STANDALONE_API ModelLocators final : public LocatorInfo {
 public:
     /// @param p_model  Not owned; outlives this. May change: what was worked out from it is then worked out anew.
-    explicit ModelLocators(const ModelTree& p_model) : m_model(p_model) {}
+    /// @param p_reads  Is told from which locators something is worked out; null for nobody.
+    explicit ModelLocators(const ModelTree& p_model, ReadGraph* p_reads = nullptr)
+        : m_model(p_model), m_reads(p_reads)
+    {}
 
     void reserved0() const override {}
     bool isValidLocator(const std::string& p_flowName, const std::string& p_locator) const override;
@@ -29,8 +33,9 @@ private:
     const LocatorIndex::Locator* find(const std::string& p_flowName, const std::string& p_locator) const;
 
     const ModelTree& m_model;
+    ReadGraph* m_reads;
     mutable std::map<std::string, LocatorIndex, std::less<>> m_flows;    // of the version below
-    mutable std::size_t m_version = 0;
+    mutable std::size_t m_version = 0;                                   // of the model's objects
 };
 
 }    // namespace qen::standalone

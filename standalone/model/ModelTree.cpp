@@ -14,7 +14,9 @@ struct ModelTree::Impl {
     std::unordered_map<std::string_view, std::unique_ptr<Object>> objects;
     std::vector<Object*> roots;
     std::size_t version = 0;
-    std::function<void(const ModelChange&)> listener;
+    std::size_t objectsVersion = 0;
+    std::vector<ModelObserver*> observers;
+    ModelReader* reader = nullptr;
 
     Object* find(std::string_view p_objectPath) const
     {
@@ -38,6 +40,7 @@ struct ModelTree::Impl {
         object->type = level.substr(0, colon);
         object->name = level.substr(std::min(colon + 1, level.size()));
         object->parent = p_parent;
+        object->m_tree = this;
 
         Object& added = *object;
         objects.emplace(added.path, std::move(object));
@@ -49,8 +52,38 @@ struct ModelTree::Impl {
     void changed(const ModelChange& p_change)
     {
         ++version;
-        if (listener)
-            listener(p_change);
+        objectsVersion += p_change.paramName.empty() ? 1U : 0U;
+        for (ModelObserver* observer : observers)
+            observer->onModelChange(p_change);
+    }
+
+    std::vector<const Object*> children(std::string_view p_objectPath, const std::vector<Object*>& p_all,
+                                        std::initializer_list<std::string_view> p_types) const
+    {
+        if (reader)
+            for (const std::string_view type : p_types)
+                reader->onChildrenRead(p_objectPath, type);
+
+        std::vector<const Object*> ofTypes;
+        for (const Object* child : p_all)
+            if (std::find(p_types.begin(), p_types.end(), child->type) != p_types.end())
+                ofTypes.push_back(child);
+        return ofTypes;
+    }
+
+    /// Sorts children by their ranks; false when they are in order already.
+    static bool sort(std::vector<Object*>& p_children,
+                     const std::unordered_map<const Object*, std::size_t>& p_ranks)
+    {
+        const auto rank = [&](const Object* p_object) {
+            const auto found = p_ranks.find(p_object);
+            return found == p_ranks.end() ? p_ranks.size() : found->second;
+        };
+        const auto before = [&](const Object* p_a, const Object* p_b) { return rank(p_a) < rank(p_b); };
+        if (std::is_sorted(p_children.begin(), p_children.end(), before))
+            return false;
+        std::stable_sort(p_children.begin(), p_children.end(), before);
+        return true;
     }
 
     /// The object at a path, made with its ancestors where they are missing.
@@ -79,8 +112,16 @@ struct ModelTree::Impl {
 
 const ModelTree::Parameter* ModelTree::Object::find(std::string_view p_paramName) const
 {
+    if (m_tree->reader)
+        m_tree->reader->onParameterRead(path, p_paramName);
     const std::uint32_t position = m_parameterIndex.find(parameters, p_paramName);
     return position == NameIndex<NameOf>::k_none ? nullptr : &parameters[position];
+}
+
+std::vector<const ModelTree::Object*>
+ModelTree::Object::childrenOf(std::initializer_list<std::string_view> p_types) const
+{
+    return m_tree->children(path, children, p_types);
 }
 
 ModelTree::ModelTree() : m_impl(std::make_unique<Impl>()) {}
@@ -101,10 +142,17 @@ ModelTree& ModelTree::operator=(ModelTree&&) noexcept = default;
 
 const ModelTree::Object* ModelTree::find(std::string_view p_objectPath) const
 {
+    if (m_impl->reader)
+        m_impl->reader->onObjectRead(p_objectPath);
     return m_impl->find(p_objectPath);
 }
 
 const std::vector<ModelTree::Object*>& ModelTree::roots() const { return m_impl->roots; }
+
+std::vector<const ModelTree::Object*> ModelTree::rootsOf(std::string_view p_type) const
+{
+    return m_impl->children({}, m_impl->roots, {p_type});
+}
 
 const ModelTree::Object& ModelTree::addObject(std::string_view p_objectPath)
 {
@@ -168,12 +216,35 @@ void ModelTree::deleteObject(std::string_view p_objectPath)
         m_impl->changed({ModelChange::Kind::ObjectDeleted, gone->path, gone->type, {}});
 }
 
-void ModelTree::onChange(std::function<void(const ModelChange&)> p_listener)
+void ModelTree::arrange(const std::vector<std::string_view>& p_objectPaths)
 {
-    m_impl->listener = std::move(p_listener);
+    std::unordered_map<const Object*, std::size_t> ranks;
+    std::vector<Object*> parents;    // each once
+    for (const std::string_view path : p_objectPaths)
+        // From the object up to the first ancestor that has been named.
+        for (Object* object = m_impl->find(path); object; object = object->parent)
+        {
+            if (!ranks.try_emplace(object, ranks.size()).second)
+                break;
+            parents.push_back(object);
+        }
+
+    if (Impl::sort(m_impl->roots, ranks))
+        m_impl->changed({ModelChange::Kind::ChildrenReordered, {}, {}, {}});
+    for (Object* object : parents)
+        if (Impl::sort(object->children, ranks))
+            m_impl->changed({ModelChange::Kind::ChildrenReordered, object->path, object->type, {}});
 }
 
+void ModelTree::attach(ModelObserver& p_observer) { m_impl->observers.push_back(&p_observer); }
+
+void ModelTree::detach(const ModelObserver& p_observer) { std::erase(m_impl->observers, &p_observer); }
+
+void ModelTree::tellReads(ModelReader* p_reader) { m_impl->reader = p_reader; }
+
 std::size_t ModelTree::version() const { return m_impl->version; }
+
+std::size_t ModelTree::objectsVersion() const { return m_impl->objectsVersion; }
 
 bool ModelTree::objectExists(const std::string& p_objectPath) const { return find(p_objectPath) != nullptr; }
 
@@ -187,24 +258,15 @@ std::string ModelTree::paramValue(const std::string& p_objectPath, const std::st
 namespace {
 
 /// One text of each child of a type.
-std::vector<std::string> textsOfChildren(const std::vector<ModelTree::Object*>* p_children,
+std::vector<std::string> textsOfChildren(const ModelTree& p_tree, const std::string& p_objectPath,
                                          const std::string& p_type, std::string ModelTree::Object::*p_text)
 {
+    const ModelTree::Object* const object = p_objectPath.empty() ? nullptr : p_tree.find(p_objectPath);
     std::vector<std::string> texts;
-    if (p_children)
-        for (const ModelTree::Object* child : *p_children)
-            if (child->type == p_type)
-                texts.push_back(child->*p_text);
+    if (object || p_objectPath.empty())
+        for (const ModelTree::Object* child : object ? object->childrenOf({p_type}) : p_tree.rootsOf(p_type))
+            texts.push_back(child->*p_text);
     return texts;
-}
-
-/// The children of the object at a path; the first level for the empty path, null when there is no such object.
-const std::vector<ModelTree::Object*>* childrenAt(const ModelTree& p_tree, const std::string& p_objectPath)
-{
-    if (p_objectPath.empty())
-        return &p_tree.roots();
-    const ModelTree::Object* object = p_tree.find(p_objectPath);
-    return object ? &object->children : nullptr;
 }
 
 }    // namespace
@@ -212,13 +274,13 @@ const std::vector<ModelTree::Object*>* childrenAt(const ModelTree& p_tree, const
 std::vector<std::string> ModelTree::childNames(const std::string& p_objectPath,
                                                const std::string& p_type) const
 {
-    return textsOfChildren(childrenAt(*this, p_objectPath), p_type, &Object::name);
+    return textsOfChildren(*this, p_objectPath, p_type, &Object::name);
 }
 
 std::vector<std::string> ModelTree::childPaths(const std::string& p_objectPath,
                                                const std::string& p_type) const
 {
-    return textsOfChildren(childrenAt(*this, p_objectPath), p_type, &Object::path);
+    return textsOfChildren(*this, p_objectPath, p_type, &Object::path);
 }
 
 }    // namespace qen::standalone

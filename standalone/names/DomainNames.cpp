@@ -58,12 +58,12 @@ DomainNames::DomainNames(const ModelTree& p_model, const ModelTree::Object& p_do
     : m_model(p_model), m_domain(p_domain), m_materials(p_materials)
 {
     std::vector<Phase> pairs;
-    for (const ModelTree::Object* child : p_domain.children)
+    for (const ModelTree::Object* child : p_domain.childrenOf({k_fluid, k_solid, k_pair}))
     {
-        if (child->type == k_fluid || child->type == k_solid)
-            m_phases.push_back({kindOf(*child), child});
-        else if (child->type == k_pair)
+        if (child->type == k_pair)
             pairs.push_back({VariablePrefixInfo::FLUID_PAIR, child});
+        else
+            m_phases.push_back({kindOf(*child), child});
     }
 
     std::set<std::pair<const MaterialNames*, bool>> seen;
@@ -126,11 +126,7 @@ const MaterialNames* DomainNames::materialOf(const Phase& p_phase) const
 
 std::vector<const ModelTree::Object*> DomainNames::sizeGroupsOf(const Phase& p_phase)
 {
-    std::vector<const ModelTree::Object*> groups;
-    for (const ModelTree::Object* child : p_phase.object->children)
-        if (child->type == k_sizeGroup)
-            groups.push_back(child);
-    return groups;
+    return p_phase.object->childrenOf({k_sizeGroup});
 }
 
 }    // namespace qen::standalone

@@ -31,9 +31,8 @@ MaterialNames::MaterialNames(const ModelTree& p_model, const ModelTree::Object& 
 {
     for (const std::string& name : listOf(p_material, "Components"))
         add(name, VariablePrefixInfo::COMPONENT);
-    for (const ModelTree::Object* child : p_material.children)
-        if (child->type == "COMPONENT")
-            add(child->name, VariablePrefixInfo::COMPONENT);
+    for (const ModelTree::Object* component : p_material.childrenOf({"COMPONENT"}))
+        add(component->name, VariablePrefixInfo::COMPONENT);
     addReactions(p_model, p_material);
 }
 
@@ -71,6 +70,15 @@ const MaterialNames* Materials::find(std::string_view p_material)
         m_model.find(std::string("/LIBRARY/MATERIAL:").append(p_material));
     if (!material)
         return nullptr;
+    const ReadGraph::Node node = m_reads ? m_reads->node(ReadGraph::Kind::Material, material->path) : 0;
+    const auto known = m_materials.find(material);
+    if (known != m_materials.end())
+    {
+        if (m_reads)
+            m_reads->use(node);
+        return &known->second;
+    }
+    const ReadGraph::Scope scope(m_reads, node);
     return &m_materials.try_emplace(material, m_model, *material).first->second;
 }
 

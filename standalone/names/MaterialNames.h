@@ -3,6 +3,7 @@
 #include "VariablePrefixInfo.h"
 
 #include "model/ModelTree.h"
+#include "model/ReadGraph.h"
 
 #include <optional>
 #include <string>
@@ -35,13 +36,15 @@ private:
 /// The materials of a library, each looked at once. Made for a model as it is: worthless after its next change.
 class Materials {
 public:
-    explicit Materials(const ModelTree& p_model) : m_model(p_model) {}
+    /// @param p_reads  Is told from which materials something is worked out; null for nobody.
+    Materials(const ModelTree& p_model, ReadGraph* p_reads) : m_model(p_model), m_reads(p_reads) {}
 
     /// Null for a name that the library does not have.
     const MaterialNames* find(std::string_view p_material);
 
 private:
     const ModelTree& m_model;
+    ReadGraph* m_reads;
     std::unordered_map<const ModelTree::Object*, MaterialNames> m_materials;
 };
 

@@ -3,6 +3,7 @@
 #include "QCLPath.h"
 
 #include "model/ModelTree.h"
+#include "model/ReadGraph.h"
 #include "names/DomainNames.h"
 #include "names/MaterialNames.h"
 #include "units/UnitsText.h"
@@ -121,21 +122,40 @@ std::optional<VariablePrefixInfo::Prefix2> innerKind(const DomainNames& p_names,
 }    // namespace
 
 struct PrefixClassifier::Known {
-    explicit Known(const ModelTree& p_model) : version(p_model.version()), materials(p_model) {}
+    Known(const ModelTree& p_model, ReadGraph* p_reads)
+        : version(p_model.version()), reads(p_reads), materials(p_model, p_reads)
+    {}
+
+    const DomainNames& namesIn(const ModelTree& p_model, const ModelTree::Object& p_domain)
+    {
+        const ReadGraph::Node node = reads ? reads->node(ReadGraph::Kind::Domain, p_domain.path) : 0;
+        const auto found = domains.find(&p_domain);
+        if (found != domains.end())
+        {
+            if (reads)
+                reads->use(node);
+            return found->second;
+        }
+        const ReadGraph::Scope scope(reads, node);
+        return domains.try_emplace(&p_domain, p_model, p_domain, materials).first->second;
+    }
 
     std::size_t version;
+    ReadGraph* reads;
     Materials materials;
     std::unordered_map<const ModelTree::Object*, DomainNames> domains;
 };
 
-PrefixClassifier::PrefixClassifier(const ModelTree& p_model) : m_model(p_model) {}
+PrefixClassifier::PrefixClassifier(const ModelTree& p_model, ReadGraph* p_reads)
+    : m_model(p_model), m_reads(p_reads)
+{}
 
 PrefixClassifier::~PrefixClassifier() = default;
 
 PrefixClassifier::Known& PrefixClassifier::known() const
 {
     if (!m_known || m_known->version != m_model.version())
-        m_known = std::make_unique<Known>(m_model);
+        m_known = std::make_unique<Known>(m_model, m_reads);
     return *m_known;
 }
 
@@ -155,8 +175,7 @@ VariablePrefixInfo::Classification PrefixClassifier::classifyPrefixes(const QCLP
         return {};
     }
 
-    Known& of = known();
-    const DomainNames& names = of.domains.try_emplace(domain, m_model, *domain, of.materials).first->second;
+    const DomainNames& names = known().namesIn(m_model, *domain);
     const Prefix1 withoutPhase =
         names.hasOnePhase() || !p_contextPath.getSubPathByType("FLUID").empty() ? GLOBAL_OR_PHASE : GLOBAL;
     if (p_prefix1.empty() && p_prefix2.empty())

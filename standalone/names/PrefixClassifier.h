@@ -9,6 +9,7 @@
 namespace qen::standalone {
 
 class ModelTree;
+class ReadGraph;
 
 /// Says what the prefixes of a variable name in the domain in which the variable is used.
 ///
@@ -20,7 +21,8 @@ class ModelTree;
 class QEN_STANDALONE_API PrefixClassifier final : public VariablePrefixInfo {
 public:
     /// @param p_model  Must outlive this object.
-    explicit PrefixClassifier(const ModelTree& p_model);
+    /// @param p_reads  Is told from which domains and materials something is worked out; null for nobody.
+    explicit PrefixClassifier(const ModelTree& p_model, ReadGraph* p_reads = nullptr);
     ~PrefixClassifier();
 
     PrefixClassifier(const PrefixClassifier&) = delete;
@@ -40,6 +42,7 @@ private:
     Known& known() const;
 
     const ModelTree& m_model;
+    ReadGraph* m_reads;
     mutable std::unique_ptr<Known> m_known;    // of the model as it was when last asked about
 };
 

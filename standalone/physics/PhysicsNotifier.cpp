@@ -28,17 +28,19 @@ PhysicsNotifier::PhysicsNotifier(ModelTree& p_model, const PhysicsBook& p_book) 
         if (!p_look.names.empty())
             m_types.insert(typeOf(p_look.names));
     });
-    m_model.onChange([this](const ModelChange& p_change) { onChange(p_change); });
+    m_model.attach(*this);
 }
 
-PhysicsNotifier::~PhysicsNotifier() { m_model.onChange({}); }
+PhysicsNotifier::~PhysicsNotifier() { m_model.detach(*this); }
 
 void PhysicsNotifier::attach(Observer& p_observer) { m_observers.push_back(&p_observer); }
 
 void PhysicsNotifier::detach(const Observer& p_observer) { std::erase(m_observers, &p_observer); }
 
-void PhysicsNotifier::onChange(const ModelChange& p_change) const
+void PhysicsNotifier::onModelChange(const ModelChange& p_change)
 {
+    if (p_change.kind == ModelChange::Kind::ChildrenReordered)
+        return;    // no query answers by the order of objects
     const bool ofObject =
         p_change.kind == ModelChange::Kind::ObjectAdded || p_change.kind == ModelChange::Kind::ObjectDeleted;
     const bool concerns =

@@ -16,9 +16,9 @@ namespace qen::standalone {
 /// Notifies observers when a change of a model can alter what the physics queries answer, and only then: of type 4 when
 /// an object comes or goes at which a query looks, of type 7 when a setting is made, changed or taken back that a query
 /// reads. What is not looked at by any query notifies nobody.
-class QEN_STANDALONE_API PhysicsNotifier {
+class QEN_STANDALONE_API PhysicsNotifier final : private ModelObserver {
 public:
-    /// Listens to the model, in place of any other listener, until it is destroyed. Model and book must outlive it;
+    /// Observes the model until it is destroyed. Model and book must outlive it;
     /// definitions that the book is given later are not seen.
     PhysicsNotifier(ModelTree& p_model, const PhysicsBook& p_book);
     ~PhysicsNotifier();
@@ -31,7 +31,7 @@ public:
     void detach(const Observer& p_observer);
 
 private:
-    void onChange(const ModelChange& p_change) const;
+    void onModelChange(const ModelChange& p_change) override;
 
     ModelTree& m_model;
     std::set<std::string, std::less<>> m_types;                  // of objects at which queries look
