@@ -4,6 +4,7 @@
 #include "QCLPath.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 
@@ -71,7 +72,9 @@ struct ModelTree::Impl {
         return ofTypes;
     }
 
-    /// Sorts children by their ranks; false when they are in order already.
+    /// Sorts children by their ranks.
+    ///
+    /// @return  Whether the order of those that have been arranged before is another one now.
     static bool sort(std::vector<Object*>& p_children,
                      const std::unordered_map<const Object*, std::size_t>& p_ranks)
     {
@@ -82,8 +85,12 @@ struct ModelTree::Impl {
         const auto before = [&](const Object* p_a, const Object* p_b) { return rank(p_a) < rank(p_b); };
         if (std::is_sorted(p_children.begin(), p_children.end(), before))
             return false;
+
+        std::vector<Object*> old;
+        std::copy_if(p_children.begin(), p_children.end(), std::back_inserter(old),
+                     [](const Object* p_child) { return p_child->m_isArranged; });
         std::stable_sort(p_children.begin(), p_children.end(), before);
-        return true;
+        return !std::is_sorted(old.begin(), old.end(), before);
     }
 
     /// The object at a path, made with its ancestors where they are missing.
@@ -234,6 +241,8 @@ void ModelTree::arrange(const std::vector<std::string_view>& p_objectPaths)
     for (Object* object : parents)
         if (Impl::sort(object->children, ranks))
             m_impl->changed({ModelChange::Kind::ChildrenReordered, object->path, object->type, {}});
+    for (Object* object : parents)
+        object->m_isArranged = true;
 }
 
 void ModelTree::attach(ModelObserver& p_observer) { m_impl->observers.push_back(&p_observer); }

@@ -20,7 +20,7 @@ struct ModelChange {
     enum class Kind : std::uint8_t {
         ObjectAdded,
         ObjectDeleted,
-        ChildrenReordered,    ///< the object has the children that it had, in another order
+        ChildrenReordered,    ///< children that the object had are in another order
         ParameterSet,
         ParameterDeleted,
     };
@@ -89,6 +89,7 @@ public:
 
         NameIndex<NameOf> m_parameterIndex;
         const Impl* m_tree = nullptr;
+        bool m_isArranged = false;    // has been put into order, so that others know its place
     };
 
     ModelTree();

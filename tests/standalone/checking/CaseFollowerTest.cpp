@@ -205,6 +205,36 @@ TEST_F(CaseFollowerTest, ChecksWhatThePhysicsDecidesWhenASettingChanges)
     EXPECT_THAT(report.findings, IsEmpty());
 }
 
+TEST_F(CaseFollowerTest, ChecksWhatAsksForALocatorWhenThatComes)
+{
+    follow(k_case);
+    EXPECT_THAT(replace("Level / 1 [m]", "volume@Pool() / 1 [m^3]").findings, SizeIs(1));
+
+    const CaseReport report = replace("[/FLOW:Tank/DOMAIN:Basin/INITIALISATION",
+                                      "[/FLOW:Tank/DOMAIN:Basin/SUBDOMAIN:Pool]\nLocation = Pool\n"
+                                      "[/FLOW:Tank/DOMAIN:Basin/INITIALISATION");
+
+    EXPECT_THAT(
+        checked(),
+        ElementsAre("/FLOW:Tank/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:Depth | Expression Value",
+                    "/FLOW:Tank/DOMAIN:Basin/SUBDOMAIN:Pool | Location"));
+    EXPECT_THAT(report.findings, IsEmpty());
+}
+
+TEST_F(CaseFollowerTest, KnowsTheOrderOfObjectsInTheText)
+{
+    const std::string subdomain = "[/FLOW:Tank/DOMAIN:Basin/SUBDOMAIN:Pool]\nLocation = A\n";
+    const std::string boundary = "[/FLOW:Tank/DOMAIN:Basin/BOUNDARY:Pool]\nLocation = B\n";
+    const std::string before = k_case;
+    const auto repeated = [](const CaseReport& p_report) {
+        return p_report.findings.size() == 1 ? p_report.findings.front().lineText : "";
+    };
+
+    // The second of the two has the name of the first.
+    EXPECT_EQ(repeated(follow(before + subdomain + boundary)), "[/FLOW:Tank/DOMAIN:Basin/BOUNDARY:Pool]");
+    EXPECT_EQ(repeated(follow(before + boundary + subdomain)), "[/FLOW:Tank/DOMAIN:Basin/SUBDOMAIN:Pool]");
+}
+
 TEST_F(CaseFollowerTest, ChecksNothingWhenLinesMoveButShowsFindingsWhereTheyStandNow)
 {
     follow(k_case);

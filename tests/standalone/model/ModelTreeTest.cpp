@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <string>
 #include <utility>
+#include <vector>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -210,6 +211,67 @@ TEST(ModelTree, DeletesAPathOfAnyDepth)
     tree.deleteObject("/A");
     EXPECT_THAT(tree.roots(), IsEmpty());
     EXPECT_FALSE(tree.objectExists(path));
+}
+
+class Changes final : public ModelObserver {
+public:
+    void onModelChange(const ModelChange& p_change) override
+    {
+        constexpr const char* k_kinds[] {"added", "deleted", "reordered", "set", "unset"};
+        std::string text = k_kinds[static_cast<std::size_t>(p_change.kind)];
+        text.append(" ").append(p_change.objectPath);
+        if (!p_change.paramName.empty())
+            text.append(" ").append(p_change.paramName);
+        told.push_back(text);
+    }
+
+    std::vector<std::string> told;
+};
+
+TEST(ModelTree, TellsObserversOfEachChangeUntilTheyAreDetached)
+{
+    ModelTree tree;
+    Changes changes;
+    tree.attach(changes);
+
+    tree.setParameter("/A:a/B:b", "p", "1");
+    tree.setParameter("/A:a/B:b", "p", "1");
+    tree.deleteParameter("/A:a/B:b", "p");
+    tree.deleteObject("/A:a");
+    tree.detach(changes);
+    tree.addObject("/A:c");
+
+    EXPECT_THAT(changes.told, ElementsAre("added /A:a", "added /A:a/B:b", "set /A:a/B:b p",
+                                          "unset /A:a/B:b p", "deleted /A:a", "deleted /A:a/B:b"));
+}
+
+TEST(ModelTree, PutsObjectsIntoTheOrderInWhichTheyAreNamed)
+{
+    ModelTree tree;
+    for (const char* path : {"/A:a/B:1", "/A:a/B:2", "/A:a/B:3", "/A:b", "/A:c"})
+        tree.addObject(path);
+
+    tree.arrange({"/A:c", "/A:a/B:3", "/A:a/B:1"});
+
+    EXPECT_THAT(tree.childNames("", "A"), ElementsAre("c", "a", "b"));
+    EXPECT_THAT(tree.childNames("/A:a", "B"), ElementsAre("3", "1", "2"));
+}
+
+TEST(ModelTree, TellsOfANewOrderOnlyWhereObjectsThatHadOneChangeIt)
+{
+    ModelTree tree;
+    for (const char* path : {"/A:a/B:1", "/A:a/B:3"})
+        tree.addObject(path);
+    tree.arrange({"/A:a/B:1", "/A:a/B:3"});
+    tree.addObject("/A:a/B:2");
+    Changes changes;
+    tree.attach(changes);
+
+    tree.arrange({"/A:a/B:1", "/A:a/B:2", "/A:a/B:3"});
+    EXPECT_THAT(changes.told, IsEmpty());
+    tree.arrange({"/A:a/B:1", "/A:a/B:3", "/A:a/B:2"});
+    EXPECT_THAT(changes.told, ElementsAre("reordered /A:a"));
+    EXPECT_THAT(tree.childNames("/A:a", "B"), ElementsAre("1", "3", "2"));
 }
 
 }    // namespace

@@ -107,6 +107,8 @@ TEST_F(ReadGraphTest, TellsWhoLookedAtChildrenWhoseOrderChanges)
 {
     m_tree.addObject("/FLOW:F/DOMAIN:Duct/BOUNDARY:Out");
     m_tree.addObject("/FLOW:F/DOMAIN:Tank");
+    m_tree.arrange(
+        {"/FLOW:F/DOMAIN:Duct/BOUNDARY:In", "/FLOW:F/DOMAIN:Duct/BOUNDARY:Out", "/FLOW:F/DOMAIN:Tank"});
     affected();
     check("boundaries", [&] { m_tree.childNames("/FLOW:F/DOMAIN:Duct", "BOUNDARY"); });
     check("domains", [&] { m_tree.find("/FLOW:F")->childrenOf({"DOMAIN"}); });
