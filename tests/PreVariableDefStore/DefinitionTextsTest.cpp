@@ -29,6 +29,8 @@ protected:
     HostTextScript m_texts;
 };
 
+// Lists.
+
 TEST_F(DefinitionTexts, OfAScalarAreFourListsAndASwitch)
 {
     m_store.addVariableDefinition("TEMP", withKeywords(scalar({{"Component Short Names", "U,V,W"}})));
@@ -76,6 +78,31 @@ TEST_F(DefinitionTexts, OfAnIgnoredVariableAreNotRead)
     m_store.addVariableDefinition("TEMP", withKeywords({{"Tensor Type", "TENSOR"}}));
 
     EXPECT_THAT(m_texts.calls(), ElementsAre("report(8)"));
+}
+
+// The switch of a field variable.
+
+TEST_F(DefinitionTexts, OfAMissingSwitchAreAssumedAfterTheWarningAndReadOnce)
+{
+    m_store.addVariableDefinition("TEMP", scalar({{"General Availability", "QEL"}}));
+
+    EXPECT_THAT(m_texts.calls(), ElementsAre("stringToVector(QEL)", "stringToVector()", "stringToVector()",
+                                             "stringToVector()", "report(8)", "stringToBool(T)"));
+}
+
+TEST_F(DefinitionTexts, OfASwitchMeanWhatTheHostSaysEvenTheAssumedOne)
+{
+    m_texts.readsSwitchesAs(false);
+    m_store.addVariableDefinition("A", scalar({{"Field Variable", "T"}}));
+    m_store.addVariableDefinition("B", scalar({{"General Availability", "QEL"}}));
+    m_texts.readsSwitchesAs(true);
+    m_store.addVariableDefinition("C", scalar({{"Field Variable", "F"}}));
+    m_store.addVariableDefinition("D", scalar());
+
+    EXPECT_EQ(text(m_store.variableData("A").fieldVariable), "F");
+    EXPECT_EQ(text(m_store.variableData("B").fieldVariable), "F");
+    EXPECT_EQ(text(m_store.variableData("C").fieldVariable), "T");
+    EXPECT_EQ(text(m_store.variableData("D").fieldVariable), "T");
 }
 
 }    // namespace

@@ -131,8 +131,8 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     for (const VarDefField field : k_settings)
         record.*memberOf<ValueMember>(field) = addValue(texts[field]);
 
-    bool isField = StringUtilities::stringToBool(texts[FIELD_VARIABLE]);
-    if (texts[FIELD_VARIABLE].empty() && record.generalAvailability.contains(m_qelIdx))
+    std::string fieldVariable = texts[FIELD_VARIABLE];
+    if (fieldVariable.empty() && record.generalAvailability.contains(m_qelIdx))
     {
         // Deliberate: tells the user "True", which is a text they may write, and goes on with "T". Do not make them
         // alike. Held by ReadDefinition.AssumesAFieldWhereQelIsAvailableAndNothingIsSaid.
@@ -142,9 +142,9 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
                              .arg(name)
                              .arg(keyOf(FIELD_VARIABLE))
                              .arg("True"));
-        isField = true;
+        fieldVariable = k_true;
     }
-    record.fieldVariable = isField ? m_trueIdx : m_falseIdx;
+    record.fieldVariable = StringUtilities::stringToBool(fieldVariable) ? m_trueIdx : m_falseIdx;
 
     if (record.tensorType != m_scalarIdx)
     {
