@@ -354,6 +354,24 @@ TEST(HostOwnership, ErrorsObserversAndReadersAreDestroyedThroughTheirBase)
     EXPECT_TRUE(errors->beginExprError() == errors->endExprError());
 }
 
+TEST(HostOwnership, ReadersAssignedThroughTheirBaseKeepTheirRecords)
+{
+    EXPECT_TRUE(std::is_copy_assignable_v<ExpressionErrors>);
+
+    ScriptedHost host;
+    host.parameter("/A:a", "P").hasUpperBound("1");
+    DimExprChecker one = host.makeChecker();
+    DimExprChecker other = host.makeChecker();
+    one.checkParam("/A:a", "P", "2");
+    ExpressionErrors& reader = one;
+    ExpressionErrors& otherReader = other;
+
+    otherReader = reader;
+
+    EXPECT_EQ(reader.endExprError() - reader.beginExprError(), 1);
+    EXPECT_EQ(otherReader.endExprError() - otherReader.beginExprError(), 0);
+}
+
 TEST(HostOwnership, ForeignEnumerationValuesFitInto32Bits)
 {
     EXPECT_EQ(sizeof(LocatorDimension::Value), 4U);
