@@ -156,6 +156,31 @@ TEST_F(HostSlots, PrefixesAreReachedByNumber)
     EXPECT_EQ(error, "No wine.");
 }
 
+TEST_F(HostSlots, ThatAreReservedAreNotTheImplementersConcern)
+{
+    // Given hosts that implement only what is asked of them
+    struct Locators final : LocatorInfo {
+        bool isValidLocator(Text, Text) const override { return true; }
+        bool isModelObject(Text, Text) const override { return true; }
+        LocatorDimension::Value dimension(Text, Text) const override { return LocatorDimension::Point; }
+        std::string objectPath(Text, Text) const override { return "/A:a"; }
+    } const locators;
+    struct Prefixes final : VariablePrefixInfo {
+        Classification classifyPrefixes(const QCLPath&, Text, Text, std::string&) const override
+        {
+            return {PHASE, "Water"};
+        }
+    } const prefixes;
+
+    // Then the other slots do nothing
+    using InLocators = void (LocatorInfo::*)() const;
+    using InPrefixes = void (VariablePrefixInfo::*)() const;
+    for (const int slot : {0, 2})
+        (static_cast<const LocatorInfo&>(locators).*operationIn<InLocators>(slot))();
+    for (const int slot : {0, 1})
+        (static_cast<const VariablePrefixInfo&>(prefixes).*operationIn<InPrefixes>(slot))();
+}
+
 TEST_F(HostSlots, TheShortNameFinderHasOneOperation)
 {
     m_host.variableName("Water.Temperature").hasShortName("T");
