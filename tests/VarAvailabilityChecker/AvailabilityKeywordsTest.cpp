@@ -467,19 +467,19 @@ TEST(DeclaredQueries, AreDeclaredOnceInTheOrderOfTheKeywordsWithoutAnythingBeing
         expected.push_back("physics.declareBool(" + std::string(bulk.query) + ", false)");
     for (const FluidDep& fluidDep : k_fluidDep)
     {
-        expected.push_back("physics.declareBool(" + std::string(fluidDep.fluidQuery) + ", true)");
         expected.push_back("physics.declareBool(" + std::string(fluidDep.domainQuery) + ", true)");
+        expected.push_back("physics.declareBool(" + std::string(fluidDep.fluidQuery) + ", true)");
     }
     for (const char* call :
          {// AV
           "physics.declareList(allDomFMAV, true)", "physics.declareList(allDomSMAV, true)",
           "physics.declareList(thisDomFMFluAVslist, true)",
           // AVORMASFRC
-          "physics.declareBool(anyDomFluFMCompsForFluid, true)", "physics.declareBool(anyDomFMComps, true)",
+          "physics.declareBool(anyDomFMComps, true)", "physics.declareBool(anyDomFluFMCompsForFluid, true)",
           "physics.declareList(allDomFMAV, true)", "physics.declareList(allDomSMAV, true)",
           "physics.declareList(thisDomFMFluAVslist, true)",
           // EFFICIENCY
-          "physics.declareBool(isDomFMFluHTMnotnone, true)", "physics.declareBool(isDomGMHTMnotnone, true)",
+          "physics.declareBool(isDomGMHTMnotnone, true)", "physics.declareBool(isDomFMFluHTMnotnone, true)",
           "physics.declareBool(anyInflowBdyForDomain, true)",
           // THERMALPHASECHANGE
           "physics.declareBool(isDomFPMassTranphasechange, true)",
