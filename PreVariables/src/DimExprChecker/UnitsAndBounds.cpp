@@ -98,8 +98,9 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
     if (converter.convertUnits(p_units, expected, 0.0F, converted, true))
         return;
 
+    const double tolerance = unitsTolerance();    // read even when the host throws at the units
     const UnitDimensions expectedDims = converter.dimsFromUnits(expected);
-    if (agreeButForAngle(expectedDims, converter.dimsFromUnits(p_units)))
+    if (agreeButForAngle(expectedDims, converter.dimsFromUnits(p_units), tolerance))
         return;
 
     if (p_fromExpression)
@@ -150,10 +151,11 @@ float DimExprChecker::extractBoundValue(const std::string& p_paramName, const st
             return result;
 
         // Units that differ by an angle only are made alike by the angle that is missing.
+        const double tolerance = unitsTolerance();
         const UnitDimensions dims = converter.dimsFromUnits(p_units);
         const UnitDimensions boundDims = converter.dimsFromUnits(boundUnits);
         const float missingAngle = boundDims[UnitDimensions::k_angle] - dims[UnitDimensions::k_angle];
-        if (agreeButForAngle(dims, boundDims))
+        if (agreeButForAngle(dims, boundDims, tolerance))
         {
             const std::string angle = StringUtilities::toString(static_cast<double>(missingAngle), "%12g");
             if (converter.convertUnits(boundUnits, p_units + " rad^" + angle, number, result, true))
