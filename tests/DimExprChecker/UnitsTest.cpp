@@ -3,6 +3,7 @@
 
 #include "DimExprChecker/DimExprErrors.h"
 #include "support/CheckerPeer.h"
+#include "support/ConverterRequests.h"
 #include "support/Matchers.h"
 #include "support/ScriptedHost.h"
 
@@ -18,6 +19,7 @@
 namespace qen {
 namespace {
 
+using support::ConverterRequests;
 using support::ErrorSaying;
 using support::records;
 using support::ScriptedHost;
@@ -58,11 +60,12 @@ protected:
 
 TEST_F(Units, AreAnyWithoutAQuantity)
 {
+    const ConverterRequests noted;
     m_host.parameter(k_duct, "Count");
 
     EXPECT_TRUE(checkUnits("Count", "nonsense"));
 
-    EXPECT_THAT(m_host.callsTo({"units.", "modifier."}),
+    EXPECT_THAT(m_host.callsTo({"converter.", "units.", "modifier."}),
                 ElementsAre("modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Count)"));
 }
 
@@ -149,6 +152,22 @@ TEST_F(Units, LetAnExceptionOfTheDynamicUnitsPass)
 
     EXPECT_TRUE(thrownBy<units::error>([&] { checkUnits("Dye", "kg"); }));
     EXPECT_THAT(records(m_checker), IsEmpty());
+}
+
+TEST_F(Units, AskForTheConverterOnceTheQuantityIsKnown)
+{
+    const ConverterRequests noted;
+    checkUnits("Pressure", "Pa");
+    m_host.parameter(k_duct, "Dye").isDynamic("kg");
+    checkUnits("Dye", "kg");
+
+    EXPECT_THAT(m_host.callsTo({"converter.", "modifier.", "units.getBaseUnits", "units.dims"}),
+                ElementsAre("modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Pressure)",
+                            "converter.instance()", "units.getBaseUnitsFromQuant(Pressure)",
+                            "units.dimsFromUnits(Pa)",
+                            "modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Dye)",
+                            "modifier.dynamicUnits(Dynamic Quantity)", "converter.instance()",
+                            "units.dimsFromUnits(kg)"));
 }
 
 // Units that are not understood.

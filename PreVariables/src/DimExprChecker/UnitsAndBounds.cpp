@@ -62,8 +62,6 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
 void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
                                      const std::string& p_units, bool p_fromExpression)
 {
-    const UnitsConverter& converter = UnitsConverter::instance();
-
     std::string quantity;
     const int mode = m_quantityModifier->quantityMode(m_model, p_objectPath, p_paramName, quantity);
     if (quantity.empty())
@@ -73,7 +71,9 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
     std::string expected;
     if (dynamic)
         expected = m_quantityModifier->dynamicUnits(quantity);
-    else
+
+    const UnitsConverter& converter = UnitsConverter::instance();
+    if (!dynamic)
     {
         try
         {
@@ -140,12 +140,11 @@ void DimExprChecker::checkParamBounds(const std::string& p_objectPath, const std
 float DimExprChecker::extractBoundValue(const std::string& p_paramName, const std::string& p_boundText,
                                         const std::string& p_units)
 {
-    const UnitsConverter& converter = UnitsConverter::instance();
-
     float number = 0.0F;
     std::string boundUnits;
     if (splitBoundString(p_boundText, number, boundUnits))
     {
+        const UnitsConverter& converter = UnitsConverter::instance();
         float result = 0.0F;
         if (converter.convertUnits(boundUnits, p_units, number, result, true))
             return result;
