@@ -376,6 +376,19 @@ TEST_F(Bounds, WithUnitsThatAreNotUnderstoodPassAsTheHostsUnitsError)
     EXPECT_THAT(records(m_checker), IsEmpty());
 }
 
+TEST_F(Bounds, OfAValueWithUnitsThatAreNotUnderstoodPassAsTheHostsUnitsError)
+{
+    width().hasUpperBound("2 [stone]");
+
+    const auto thrown = thrownBy<units::error>([&] { check(1.0F, "furlong"); });
+
+    ASSERT_TRUE(thrown);
+    EXPECT_EQ(thrown->getMessage(), "No such units: 'furlong'.");
+    EXPECT_THAT(records(m_checker), IsEmpty());
+    EXPECT_THAT(m_host.callsTo({"units."}),
+                ElementsAre("units.convertUnits(stone, furlong, 2, true)", "units.dimsFromUnits(furlong)"));
+}
+
 TEST_F(Bounds, AskForTheConverterOnlyWhenTheyAreNumbers)
 {
     const support::ConverterRequests noted;
