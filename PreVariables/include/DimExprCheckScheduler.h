@@ -20,7 +20,8 @@ class QCLUpdateInfo;
 /// failed. `runDeferredChecks` checks all that is kept, with records, and forgets what has become clean.
 ///
 /// The objects given at construction are not owned and must outlive the scheduler. Exceptions that the checker does
-/// not catch pass through; what was handled before stays handled, the entry at hand stays as it was.
+/// not catch pass through; what was handled before stays handled, and the entry at hand stays kept, with the flags of the
+/// numbers whose checks returned.
 class QEN_PREVARIABLES_API DimExprCheckScheduler : public QCLUpdateHandler {
 public:
     /// One number of a value.
@@ -93,7 +94,7 @@ private:
 
     using ParamValues = std::map<std::string, ParamValue>;    // by parameter name
 
-    void runDeferredChecks(const std::string& p_objectPath, ParamValues& p_params);
+    void runChecksOfObject(const std::string& p_objectPath, ParamValues& p_params);
 
     friend struct DimExprCheckSchedulerPeer;    // tests look at what is kept
 

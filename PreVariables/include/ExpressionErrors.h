@@ -40,10 +40,12 @@ public:
     virtual const_iterator beginExprError() const = 0;
     virtual const_iterator endExprError() const = 0;
 
-protected:
-    ExpressionErrors() = default;
+    // There is nothing to copy here: to assign a reader through its base leaves its records as they are.
     ExpressionErrors(const ExpressionErrors&) = default;
     ExpressionErrors& operator=(const ExpressionErrors&) = default;
+
+protected:
+    ExpressionErrors() = default;
 };
 
 }    // namespace qen

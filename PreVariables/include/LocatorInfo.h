@@ -11,12 +11,12 @@ namespace qen {
 /// Implemented by the host; outlives the checker.
 class QEN_PREVARIABLES_API LocatorInfo {
 public:    // in slot order, which never changes
-    virtual void reserved0() const = 0;
+    virtual void reserved0() const {}
 
     /// 1: whether the locator is known in that flow. Asked for an empty locator as well.
     virtual bool isValidLocator(const std::string& p_flowName, const std::string& p_locator) const = 0;
 
-    virtual void reserved2() const = 0;
+    virtual void reserved2() const {}
 
     /// 3: whether the locator stands for a model object.
     virtual bool isModelObject(const std::string& p_flowName, const std::string& p_locator) const = 0;

@@ -12,7 +12,7 @@ class PreVariableDefStore;
 /// First asked for while the process has one thread.
 class QEN_PREVARIABLES_API PreVarExprInfo {
 public:
-    /// The one object of the process. Never destroyed.
+    /// The one object of the process, made when first asked for and never destroyed.
     static PreVarExprInfo& instance();
 
     PreVarExprInfo(const PreVarExprInfo&) = delete;
@@ -27,6 +27,10 @@ public:
 private:
     PreVarExprInfo() = default;
     ~PreVarExprInfo() = default;
+
+    friend struct PreVarExprInfoPeer;    // tests look whether the object is there
+
+    static PreVarExprInfo* m_instance;    // null until first asked for
 
     const PreVariableDefStore* m_varDefStore = nullptr;
 };

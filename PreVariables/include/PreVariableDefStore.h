@@ -10,7 +10,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace qen {
@@ -306,7 +305,6 @@ private:
     };
 
     bool isTensorType(ValueIndex p_value) const;
-    const ValueSet& keywords(const std::string& p_list);
     void checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const;
     void addComponentDefinitions(VarDefData p_variable);
     void registerNames(const VarDefData& p_record);
@@ -326,10 +324,9 @@ private:
     std::deque<VarDefData> m_records;    // stay where they are: to move the sets of a record is dear
     mutable std::vector<std::string> m_shortNamesCache;    // empty until asked for
     std::vector<Value> m_values;
-    std::vector<Slot> m_slots;    // a power of two, at most half of them taken
-    std::unordered_map<std::string, ValueSet> m_knownKeywords;    // of some of the lists that definitions had
-    std::map<std::string, Operator> m_operators;                  // by either name
-    mutable std::set<std::string> m_solverInternalNames;          // empty until asked for
+    std::vector<Slot> m_slots;                              // a power of two, at most half of them taken
+    std::map<std::string, Operator> m_operators;            // by either name
+    mutable std::set<std::string> m_solverInternalNames;    // empty until asked for
 
     // Of the values that every store begins with. Behind the table, which their construction fills.
     ValueIndex m_scalarIdx;

@@ -60,8 +60,8 @@ public:
     };
 
     // In slot order, which never changes.
-    virtual void reserved0() const = 0;
-    virtual void reserved1() const = 0;
+    virtual void reserved0() const {}
+    virtual void reserved1() const {}
 
     /// 2: the kinds of the two prefixes of a variable used at a place; either may be empty.
     ///

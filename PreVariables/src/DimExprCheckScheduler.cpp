@@ -127,7 +127,7 @@ void DimExprCheckScheduler::runDeferredChecks()
     for (auto object = m_deferred.begin(); object != m_deferred.end();)
     {
         if (m_model->objectExists(object->first))
-            runDeferredChecks(object->first, object->second);
+            runChecksOfObject(object->first, object->second);
         else
             object->second.clear();
 
@@ -135,18 +135,13 @@ void DimExprCheckScheduler::runDeferredChecks()
     }
 }
 
-void DimExprCheckScheduler::runDeferredChecks(const std::string& p_objectPath, ParamValues& p_params)
+void DimExprCheckScheduler::runChecksOfObject(const std::string& p_objectPath, ParamValues& p_params)
 {
     for (auto param = p_params.begin(); param != p_params.end();)
     {
         ParamValue& kept = param->second;
-
-        // An exception out of a check leaves the entry as it was.
-        std::vector<NumericValue> numbers = kept.numbers;
-        runDeferredNumChecks(p_objectPath, param->first, numbers);
+        runDeferredNumChecks(p_objectPath, param->first, kept.numbers);
         runDeferredExprChecks(p_objectPath, param->first, kept.expressions);
-        kept.numbers = std::move(numbers);
-
         param = canRemoveDeferredParam(kept) ? p_params.erase(param) : std::next(param);
     }
 }

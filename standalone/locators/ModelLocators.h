@@ -21,9 +21,7 @@ public:
         : m_model(p_model), m_reads(p_reads)
     {}
 
-    void reserved0() const override {}
     bool isValidLocator(const std::string& p_flowName, const std::string& p_locator) const override;
-    void reserved2() const override {}
     bool isModelObject(const std::string& p_flowName, const std::string& p_locator) const override;
     LocatorDimension::Value dimension(const std::string& p_flowName,
                                       const std::string& p_locator) const override;

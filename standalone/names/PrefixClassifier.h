@@ -28,9 +28,6 @@ public:
     PrefixClassifier(const PrefixClassifier&) = delete;
     PrefixClassifier& operator=(const PrefixClassifier&) = delete;
 
-    void reserved0() const override {}
-    void reserved1() const override {}
-
     /// Without a prefix that names a phase, `prefix1` is GLOBAL_OR_PHASE where only one phase can be meant: within an
     /// object of type "FLUID", and in a domain with just one fluid or solid, particles that are tracked apart.
     Classification classifyPrefixes(const QCLPath& p_contextPath, const std::string& p_prefix1,

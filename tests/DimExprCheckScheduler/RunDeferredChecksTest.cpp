@@ -367,7 +367,7 @@ TEST_F(RunDeferredChecks, LetsAnExceptionPassAndKeepsTheEntryAtHandAndThoseBehin
     EXPECT_THAT(flags(support::keptValue(m_scheduler, "/A:b", "Q")->numbers), ElementsAre(false, false));
 }
 
-TEST_F(RunDeferredChecks, LeavesTheFlagsOfAnEntryAsTheyWereWhenALaterNumberThrows)
+TEST_F(RunDeferredChecks, KeepsTheFlagOfANumberThatReturnedWhenALaterNumberThrows)
 {
     setWidth("4 [m], 5 [m]");
     m_host.parameter(k_duct, "Width").hasUpperBound("9 [m]");
@@ -380,7 +380,30 @@ TEST_F(RunDeferredChecks, LeavesTheFlagsOfAnEntryAsTheyWereWhenALaterNumberThrow
     EXPECT_TRUE(thrownBy<std::out_of_range>([&] { m_scheduler.runDeferredChecks(); }));
 
     ASSERT_TRUE(keptWidth());
-    EXPECT_THAT(flags(keptWidth()->numbers), ElementsAre(false, false));
+    EXPECT_THAT(flags(keptWidth()->numbers), ElementsAre(true, false));
+}
+
+TEST_F(RunDeferredChecks, KeepsTheFlagsOfTheNumbersWhenAnExpressionThrows)
+{
+    m_host.expression("x").hasDimensions("m").references({"x"});
+    setWidth("4 [m], x");
+    m_host.parameter(k_duct, "Width").hasUpperBound("9 [m]");
+    m_host.onCall("evaluator.", [] { throw std::out_of_range("beyond"); });
+
+    EXPECT_TRUE(thrownBy<std::out_of_range>([&] { m_scheduler.runDeferredChecks(); }));
+
+    ASSERT_TRUE(keptWidth());
+    EXPECT_THAT(flags(keptWidth()->numbers), ElementsAre(true));
+}
+
+TEST_F(RunDeferredChecks, HaveANameOfTheirOwn)
+{
+    setWidth("4 [m]");
+    const auto run = &DimExprCheckScheduler::runDeferredChecks;
+
+    (m_scheduler.*run)();
+
+    EXPECT_THAT(records(), SizeIs(1));
 }
 
 TEST_F(RunDeferredChecks, KeepsTheRecordsMadeBeforeAnException)

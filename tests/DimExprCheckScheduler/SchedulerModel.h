@@ -159,20 +159,20 @@ public:
         bareObjects.erase(object);
     }
 
-    /// All that is kept is checked and recorded. What a check fails at stays as it was, as does all behind it.
+    /// All that is kept is checked and recorded. What a check fails at stays kept, with the flags of the numbers before
+    /// it; all behind it stays as it was.
     void run(const World& p_world)
     {
         records.clear();
         for (auto at = kept.begin(); at != kept.end();)
         {
             bareObjects.erase(bareObjects.begin(), bareObjects.lower_bound(at->first.first));
-            Kept now = at->second;
+            Kept& now = at->second;
             bool goes = !p_world.exists(at->first.first);
             if (!goes)
             {
                 checkNumbers(p_world, now);
                 checkExpressions(p_world, now);
-                at->second = now;
                 goes = now.isSettled();
             }
             at = goes ? kept.erase(at) : std::next(at);

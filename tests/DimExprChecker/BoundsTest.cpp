@@ -4,6 +4,7 @@
 
 #include "DimExprChecker/DimExprErrors.h"
 #include "support/CheckerPeer.h"
+#include "support/ConverterRequests.h"
 #include "support/Matchers.h"
 #include "support/ScriptedHost.h"
 
@@ -373,6 +374,30 @@ TEST_F(Bounds, WithUnitsThatAreNotUnderstoodPassAsTheHostsUnitsError)
     ASSERT_TRUE(thrown);
     EXPECT_EQ(thrown->getMessage(), "No such units: 'furlong'.");
     EXPECT_THAT(records(m_checker), IsEmpty());
+}
+
+TEST_F(Bounds, OfAValueWithUnitsThatAreNotUnderstoodPassAsTheHostsUnitsError)
+{
+    width().hasUpperBound("2 [stone]");
+
+    const auto thrown = thrownBy<units::error>([&] { check(1.0F, "furlong"); });
+
+    ASSERT_TRUE(thrown);
+    EXPECT_EQ(thrown->getMessage(), "No such units: 'furlong'.");
+    EXPECT_THAT(records(m_checker), IsEmpty());
+    EXPECT_THAT(m_host.callsTo({"units."}),
+                ElementsAre("units.convertUnits(stone, furlong, 2, true)", "units.dimsFromUnits(furlong)"));
+}
+
+TEST_F(Bounds, AskForTheConverterOnlyWhenTheyAreNumbers)
+{
+    const support::ConverterRequests noted;
+    EXPECT_TRUE(thrownBy<data::error>([&] { Peer::extractBoundValue(m_checker, "Width", "wide", "m"); }));
+    EXPECT_THAT(m_host.callsTo({"converter."}), IsEmpty());
+
+    Peer::extractBoundValue(m_checker, "Width", "5 [m]", "m");
+    EXPECT_THAT(m_host.callsTo({"converter.", "units."}),
+                ElementsAre("converter.instance()", "units.convertUnits(m, m, 5, true)"));
 }
 
 TEST_F(Bounds, NearlyOfTheDimensionOfTheValueAreHeldAgainstTheTolerance)

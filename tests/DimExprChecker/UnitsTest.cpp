@@ -3,6 +3,7 @@
 
 #include "DimExprChecker/DimExprErrors.h"
 #include "support/CheckerPeer.h"
+#include "support/ConverterRequests.h"
 #include "support/Matchers.h"
 #include "support/ScriptedHost.h"
 
@@ -18,6 +19,7 @@
 namespace qen {
 namespace {
 
+using support::ConverterRequests;
 using support::ErrorSaying;
 using support::records;
 using support::ScriptedHost;
@@ -58,11 +60,12 @@ protected:
 
 TEST_F(Units, AreAnyWithoutAQuantity)
 {
+    const ConverterRequests noted;
     m_host.parameter(k_duct, "Count");
 
     EXPECT_TRUE(checkUnits("Count", "nonsense"));
 
-    EXPECT_THAT(m_host.callsTo({"units.", "modifier."}),
+    EXPECT_THAT(m_host.callsTo({"converter.", "units.", "modifier."}),
                 ElementsAre("modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Count)"));
 }
 
@@ -151,6 +154,22 @@ TEST_F(Units, LetAnExceptionOfTheDynamicUnitsPass)
     EXPECT_THAT(records(m_checker), IsEmpty());
 }
 
+TEST_F(Units, AskForTheConverterOnceTheQuantityIsKnown)
+{
+    const ConverterRequests noted;
+    checkUnits("Pressure", "Pa");
+    m_host.parameter(k_duct, "Dye").isDynamic("kg");
+    checkUnits("Dye", "kg");
+
+    EXPECT_THAT(m_host.callsTo({"converter.", "modifier.", "units.getBaseUnits", "units.dims"}),
+                ElementsAre("modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Pressure)",
+                            "converter.instance()", "units.getBaseUnitsFromQuant(Pressure)",
+                            "units.dimsFromUnits(Pa)",
+                            "modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Dye)",
+                            "modifier.dynamicUnits(Dynamic Quantity)", "converter.instance()",
+                            "units.dimsFromUnits(kg)"));
+}
+
 // Units that are not understood.
 
 TEST_F(Units, ThatAreNotUnderstoodAreUnrecognised)
@@ -174,6 +193,21 @@ TEST_F(Units, ThatAreNotUnderstoodAreShownAsDimensionlessWhenEmpty)
     EXPECT_THAT(records(m_checker),
                 ElementsAre(ErrorSaying("Unrecognised units ('dimensionless') set for parameter "
                                         "'Pressure' in object '/FLOW:F/DOMAIN:Duct'.")));
+}
+
+TEST_F(Units, OfAnExpressionThatAreNotUnderstoodAreUnrecognised)
+{
+    // Given a host that does not understand the base units that it names itself
+    m_host.expression("x").hasDimensions("m").references({"x"});
+    m_host.onCall("units.dimsFromUnits(m)",
+                  [] { throw units::error("Units", "dims", "No units.", ErrorTypeError); });
+
+    EXPECT_FALSE(m_checker.checkParamExpression(k_duct, "Pressure", "x"));
+
+    EXPECT_THAT(
+        records(m_checker),
+        ElementsAre(ErrorSaying(
+            "Unrecognised units ('m') set for parameter 'Pressure' in object '/FLOW:F/DOMAIN:Duct'.")));
 }
 
 TEST_F(Units, LetOtherExceptionsOfTheUnitsPass)
@@ -214,6 +248,30 @@ TEST_F(Units, OfTheWrongDimensionOfADynamicQuantityAreInvalidDynamicUnits)
     EXPECT_THAT(records(m_checker),
                 ElementsAre(ErrorSaying("Invalid dynamic units ('m') set for parameter 'Dye' in object "
                                         "'/FLOW:F/DOMAIN:Duct'. Expected units: 'kg m^-3'.")));
+}
+
+TEST_F(Units, OfTheWrongDimensionAreComparedInThisOrder)
+{
+    EXPECT_FALSE(checkUnits("Pressure", "m"));
+
+    EXPECT_THAT(m_host.callsTo({"units.", "modifier.", "rules."}),
+                ElementsAre("modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Pressure)",
+                            "units.getBaseUnitsFromQuant(Pressure)", "units.dimsFromUnits(m)",
+                            "units.convertUnits(m, kg m^-1 s^-2, 0, true)",
+                            "units.dimsFromUnits(kg m^-1 s^-2)", "units.dimsFromUnits(m)"));
+}
+
+TEST_F(Units, OfTheWrongDimensionOfADynamicQuantityAreComparedInThisOrder)
+{
+    m_host.parameter(k_duct, "Dye").isDynamic("kg m^-3");
+
+    EXPECT_FALSE(checkUnits("Dye", "m"));
+
+    EXPECT_THAT(m_host.callsTo({"units.", "modifier.", "rules."}),
+                ElementsAre("modifier.quantityMode(model, /FLOW:F/DOMAIN:Duct, Dye)",
+                            "modifier.dynamicUnits(Dynamic Quantity)", "units.dimsFromUnits(m)",
+                            "units.convertUnits(m, kg m^-3, 0, true)", "units.dimsFromUnits(kg m^-3)",
+                            "units.dimsFromUnits(m)"));
 }
 
 TEST_F(Units, AreShownAsDimensionlessWhenEmptyGivenOrExpected)
@@ -294,6 +352,26 @@ TEST_F(Units, MayDifferInTheAngle)
     m_host.parameter(k_duct, "Spin").hasQuantity("Spin", "rad s^-1");
     EXPECT_TRUE(checkUnits("Spin", "s^-1"));
     EXPECT_FALSE(checkUnits("Spin", "rad"));
+}
+
+TEST_F(Units, OfAnExpressionMayDifferInTheAngle)
+{
+    m_host.parameter(k_duct, "Spin").hasQuantity("Spin", "rad s^-1");
+    m_host.expression("x").hasDimensions("s^-1").references({"x"});
+    m_host.expression("y").hasDimensions("rad^-2 s^-1").references({"y"});
+    m_host.expression("z").hasDimensions("rad").references({"z"});
+    for (const char* name : {"x", "y", "z"})
+        m_host.varDefStore().addVariableDefinition(name,
+                                                   {{"Tensor Type", "SCALAR"}, {"Variable Scope", "GLOBAL"}});
+
+    EXPECT_TRUE(m_checker.checkParamExpression(k_duct, "Spin", "x"));
+    EXPECT_TRUE(m_checker.checkParamExpression(k_duct, "Spin", "y"));
+    EXPECT_FALSE(m_checker.checkParamExpression(k_duct, "Spin", "z"));
+
+    EXPECT_THAT(records(m_checker),
+                ElementsAre(ErrorSaying("Expression resolves to invalid units ('rad') in value set for "
+                                        "parameter 'Spin' in object '/FLOW:F/DOMAIN:Duct'. Expected units: "
+                                        "'rad s^-1'.")));
 }
 
 struct ExponentCase {

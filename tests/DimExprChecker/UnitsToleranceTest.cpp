@@ -3,6 +3,7 @@
 
 #include "DataError.h"
 #include "DimExprChecker.h"
+#include "UnitsError.h"
 
 #include "support/ScriptedHost.h"
 
@@ -43,6 +44,22 @@ void setVariable(const char* p_text)
         setenv(k_variable, p_text, 1);
     else
         unsetenv(k_variable);
+}
+
+/// Expected units that the host does not understand after all, once they could not be converted.
+void checkUnitsInVain()
+{
+    ScriptedHost host;
+    host.parameter(k_duct, "Odd").hasQuantity("Oddity", "furlong");
+    EXPECT_THROW(host.makeChecker().checkParam(k_duct, "Odd", "1 [m]"), units::error);
+}
+
+/// Units of a value that the host does not understand, once the bound could not be converted into them.
+void checkBoundInVain()
+{
+    ScriptedHost host;
+    host.parameter(k_duct, "Width").hasUpperBound("2 [m]");
+    EXPECT_THROW(host.makeChecker().checkParam(k_duct, "Width", "1 [furlong]"), units::error);
 }
 
 /// Whether units pass that differ from the expected ones by that much in the exponent of length.
@@ -120,6 +137,9 @@ INSTANTIATE_TEST_SUITE_P(Texts, UnitsToleranceText,
                                          ToleranceCase {"LettersOnly", "abc", 0.0009, 0.0011},
                                          ToleranceCase {"BlanksOnly", "  ", 0.0009, 0.0011},
                                          ToleranceCase {"HalfAnExponent", "0.5e", 0.0009, 0.0011},
+                                         ToleranceCase {"ANumberTooLarge", "1e999", 0.0009, 0.0011},
+                                         ToleranceCase {"Infinity", "inf", 0.0009, 0.0011},
+                                         ToleranceCase {"NotANumber", "nan", 0.0009, 0.0011},
                                          ToleranceCase {"ANumber", "0.5", 0.49, 0.51},
                                          ToleranceCase {"ANumberBeforeLetters", "0.5xyz", 0.49, 0.51},
                                          ToleranceCase {"ANumberBeforeABlank", "0.5 7", 0.49, 0.51},
@@ -145,6 +165,25 @@ TEST(UnitsTolerance, IsReadWhenItIsFirstNeeded)
         setVariable("0.5");
         return unitsPass(0.49);
     }));
+}
+
+TEST(UnitsTolerance, MayBeNegativeSoThatNothingAgrees)
+{
+    EXPECT_FALSE(inItsOwnProcess([] {
+        setVariable("-1");
+        return unitsPass(0.0) || boundIsTried(0.0);
+    }));
+}
+
+TEST(UnitsTolerance, IsReadBeforeTheDimensionsOfUnitsEvenWhenTheyAreNotUnderstood)
+{
+    for (const auto& checkInVain : {checkUnitsInVain, checkBoundInVain})
+        EXPECT_TRUE(inItsOwnProcess([&] {
+            setVariable("0.5");
+            checkInVain();
+            setVariable("0.1");
+            return unitsPass(0.49) && boundIsTried(0.49);
+        }));
 }
 
 TEST(UnitsTolerance, IsKeptWhenTheVariableChanges)

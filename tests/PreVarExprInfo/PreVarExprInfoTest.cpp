@@ -11,6 +11,12 @@
 // Each of these tests is a process of its own: the object is one per process.
 
 namespace qen {
+
+/// Looks at the object without asking for it.
+struct PreVarExprInfoPeer {
+    static const PreVarExprInfo* instance() { return PreVarExprInfo::m_instance; }
+};
+
 namespace {
 
 static_assert(!std::is_default_constructible_v<PreVarExprInfo>);
@@ -19,6 +25,15 @@ static_assert(!std::is_copy_assignable_v<PreVarExprInfo>);
 static_assert(!std::is_destructible_v<PreVarExprInfo>);
 
 TEST(PreVarExprInfo, HasNoStoreAtFirst) { EXPECT_EQ(PreVarExprInfo::instance().getVarDefStore(), nullptr); }
+
+TEST(PreVarExprInfo, IsMadeWhenItIsFirstAskedFor)
+{
+    EXPECT_EQ(PreVarExprInfoPeer::instance(), nullptr);
+
+    const PreVarExprInfo& info = PreVarExprInfo::instance();
+
+    EXPECT_EQ(PreVarExprInfoPeer::instance(), &info);
+}
 
 TEST(PreVarExprInfo, GivesTheStoreThatItWasGivenLast)
 {

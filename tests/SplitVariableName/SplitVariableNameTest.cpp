@@ -86,6 +86,16 @@ TEST_P(TextWithAnOperatorOrBracket, IsNoVariableWithoutAskingAnybody)
     EXPECT_THAT(m_host.calls(), IsEmpty());
 }
 
+TEST_P(TextWithAnOperatorOrBracket, NeedsNoFinder)
+{
+    const SplitVariableName name(GetParam().text, nullptr);
+
+    EXPECT_EQ(name.type(), SplitVariableName::NotVariable);
+    EXPECT_EQ(name.fullName(), GetParam().text);
+    EXPECT_TRUE(name.root().empty());
+    EXPECT_THAT(m_host.calls(), IsEmpty());
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Each, TextWithAnOperatorOrBracket,
     testing::Values(NoName {"RoundOpen", "f(x"}, NoName {"RoundClosed", "x)"}, NoName {"Call", "f(x)"},

@@ -26,6 +26,8 @@ constexpr const char* k_inDomain = "/FLOW:F/DOMAIN:D/BOUNDARY:B/INFLOW";
 constexpr const char* k_inFluid = "/FLOW:F/DOMAIN:D/BOUNDARY:B/FLUID:Water/INFLOW";
 constexpr const char* k_inPair = "/FLOW:F/DOMAIN:D/FLUID PAIR:Water | Air/MASS TRANSFER";
 constexpr const char* k_outside = "/FLOW:F/SIMULATION";
+constexpr const char* k_fluidOutside = "/FLOW:F/FLUID:Water";
+constexpr const char* k_inFluidOutside = "/FLOW:F/FLUID:Water/INFLOW";
 
 /// A text as part of a test's name.
 std::string lettersOf(std::string p_text)
@@ -222,6 +224,29 @@ TEST_P(FluidDependentKeyword, AsksAtTheEmptyPathOutsideOfDomains)
     EXPECT_THAT(m_host.calls(), ElementsAre(asked(GetParam().domainQuery, "")));
 }
 
+TEST_P(FluidDependentKeyword, AsksOnlyTheDomainInAFluidPair)
+{
+    for (const char* path : {k_pair, k_inPair})
+    {
+        m_host.query(GetParam().fluidQuery, path).isTrue();
+        m_host.forgetCalls();
+
+        EXPECT_FALSE(holds(GetParam().keyword, path)) << path;
+
+        EXPECT_THAT(m_host.calls(), ElementsAre(asked(GetParam().domainQuery, "/FLOW:F/DOMAIN:D"))) << path;
+    }
+}
+
+TEST_P(FluidDependentKeyword, AsksAtTheEmptyPathAndThenInTheFluidOfNoDomain)
+{
+    m_host.query(GetParam().fluidQuery, k_fluidOutside).isTrue();
+
+    EXPECT_TRUE(holds(GetParam().keyword, k_inFluidOutside));
+
+    EXPECT_THAT(m_host.calls(), ElementsAre(asked(GetParam().domainQuery, ""),
+                                            asked(GetParam().fluidQuery, "/FLOW:F/FLUID:Water")));
+}
+
 TEST_P(FluidDependentKeyword, DoesNotHoldForTheFluidsQueryInTheDomainOrTheDomainsInTheFluid)
 {
     m_host.query(GetParam().fluidQuery, k_domain).isTrue();
@@ -266,6 +291,31 @@ TEST_F(AdditionalVariableKeyword, AsksForTheDomainsTwoOutsideOfFluids)
 
     EXPECT_THAT(m_host.calls(), ElementsAre(askedForList("allDomFMAV", "/FLOW:F/DOMAIN:D"),
                                             askedForList("allDomSMAV", "/FLOW:F/DOMAIN:D")));
+}
+
+TEST_F(AdditionalVariableKeyword, AsksForTheDomainsTwoInAFluidPair)
+{
+    for (const char* path : {k_pair, k_inPair})
+    {
+        m_host.query("thisDomFMFluAVslist", path).answers({"Dye"});
+        m_host.forgetCalls();
+
+        EXPECT_FALSE(holds("AV", path)) << path;
+
+        EXPECT_THAT(m_host.calls(), ElementsAre(askedForList("allDomFMAV", "/FLOW:F/DOMAIN:D"),
+                                                askedForList("allDomSMAV", "/FLOW:F/DOMAIN:D")))
+            << path;
+    }
+}
+
+TEST_F(AdditionalVariableKeyword, AsksAtTheEmptyPathAndThenInTheFluidOfNoDomain)
+{
+    m_host.query("thisDomFMFluAVslist", k_fluidOutside).answers({"Dye"});
+
+    EXPECT_TRUE(holds("AV", k_inFluidOutside));
+
+    EXPECT_THAT(m_host.calls(), ElementsAre(askedForList("allDomFMAV", ""), askedForList("allDomSMAV", ""),
+                                            askedForList("thisDomFMFluAVslist", "/FLOW:F/FLUID:Water")));
 }
 
 TEST_F(AdditionalVariableKeyword, AsksAtTheEmptyPathOutsideOfDomains)
@@ -467,19 +517,19 @@ TEST(DeclaredQueries, AreDeclaredOnceInTheOrderOfTheKeywordsWithoutAnythingBeing
         expected.push_back("physics.declareBool(" + std::string(bulk.query) + ", false)");
     for (const FluidDep& fluidDep : k_fluidDep)
     {
-        expected.push_back("physics.declareBool(" + std::string(fluidDep.fluidQuery) + ", true)");
         expected.push_back("physics.declareBool(" + std::string(fluidDep.domainQuery) + ", true)");
+        expected.push_back("physics.declareBool(" + std::string(fluidDep.fluidQuery) + ", true)");
     }
     for (const char* call :
          {// AV
           "physics.declareList(allDomFMAV, true)", "physics.declareList(allDomSMAV, true)",
           "physics.declareList(thisDomFMFluAVslist, true)",
           // AVORMASFRC
-          "physics.declareBool(anyDomFluFMCompsForFluid, true)", "physics.declareBool(anyDomFMComps, true)",
+          "physics.declareBool(anyDomFMComps, true)", "physics.declareBool(anyDomFluFMCompsForFluid, true)",
           "physics.declareList(allDomFMAV, true)", "physics.declareList(allDomSMAV, true)",
           "physics.declareList(thisDomFMFluAVslist, true)",
           // EFFICIENCY
-          "physics.declareBool(isDomFMFluHTMnotnone, true)", "physics.declareBool(isDomGMHTMnotnone, true)",
+          "physics.declareBool(isDomGMHTMnotnone, true)", "physics.declareBool(isDomFMFluHTMnotnone, true)",
           "physics.declareBool(anyInflowBdyForDomain, true)",
           // THERMALPHASECHANGE
           "physics.declareBool(isDomFPMassTranphasechange, true)",

@@ -156,6 +156,31 @@ TEST_F(HostSlots, PrefixesAreReachedByNumber)
     EXPECT_EQ(error, "No wine.");
 }
 
+TEST_F(HostSlots, ThatAreReservedAreNotTheImplementersConcern)
+{
+    // Given hosts that implement only what is asked of them
+    struct Locators final : LocatorInfo {
+        bool isValidLocator(Text, Text) const override { return true; }
+        bool isModelObject(Text, Text) const override { return true; }
+        LocatorDimension::Value dimension(Text, Text) const override { return LocatorDimension::Point; }
+        std::string objectPath(Text, Text) const override { return "/A:a"; }
+    } const locators;
+    struct Prefixes final : VariablePrefixInfo {
+        Classification classifyPrefixes(const QCLPath&, Text, Text, std::string&) const override
+        {
+            return {PHASE, "Water"};
+        }
+    } const prefixes;
+
+    // Then the other slots do nothing
+    using InLocators = void (LocatorInfo::*)() const;
+    using InPrefixes = void (VariablePrefixInfo::*)() const;
+    for (const int slot : {0, 2})
+        (static_cast<const LocatorInfo&>(locators).*operationIn<InLocators>(slot))();
+    for (const int slot : {0, 1})
+        (static_cast<const VariablePrefixInfo&>(prefixes).*operationIn<InPrefixes>(slot))();
+}
+
 TEST_F(HostSlots, TheShortNameFinderHasOneOperation)
 {
     m_host.variableName("Water.Temperature").hasShortName("T");
@@ -352,6 +377,24 @@ TEST(HostOwnership, ErrorsObserversAndReadersAreDestroyedThroughTheirBase)
     const ScriptedHost host;
     const std::unique_ptr<ExpressionErrors> errors = std::make_unique<DimExprChecker>(host.makeChecker());
     EXPECT_TRUE(errors->beginExprError() == errors->endExprError());
+}
+
+TEST(HostOwnership, ReadersAssignedThroughTheirBaseKeepTheirRecords)
+{
+    EXPECT_TRUE(std::is_copy_assignable_v<ExpressionErrors>);
+
+    ScriptedHost host;
+    host.parameter("/A:a", "P").hasUpperBound("1");
+    DimExprChecker one = host.makeChecker();
+    DimExprChecker other = host.makeChecker();
+    one.checkParam("/A:a", "P", "2");
+    ExpressionErrors& reader = one;
+    ExpressionErrors& otherReader = other;
+
+    otherReader = reader;
+
+    EXPECT_EQ(reader.endExprError() - reader.beginExprError(), 1);
+    EXPECT_EQ(otherReader.endExprError() - otherReader.beginExprError(), 0);
 }
 
 TEST(HostOwnership, ForeignEnumerationValuesFitInto32Bits)

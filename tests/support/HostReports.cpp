@@ -2,6 +2,8 @@
 
 #include "QENAssertImpl.h"
 
+#include "support/HostTextScript.h"
+
 namespace qen {
 
 namespace {
@@ -25,7 +27,11 @@ ErrorReporter& ErrorReporter::instance()
     return reporter;
 }
 
-void ErrorReporter::report(const ErrorMsg& p_message) { theLog().reported.push_back(p_message); }
+void ErrorReporter::report(const ErrorMsg& p_message)
+{
+    support::HostTextScript::note("report", std::to_string(p_message.getType()));
+    theLog().reported.push_back(p_message);
+}
 
 void QENAssertImpl::assertFail(const char* p_message, const char* p_file, int p_line)
 {

@@ -6,12 +6,15 @@
 #include "QCLPath.h"
 #include "StringUtilities.h"
 
+#include "support/HostTextScript.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
+#include <optional>
 #include <string_view>
 
 namespace qen {
@@ -187,6 +190,7 @@ std::vector<std::string> StringUtilities::splitValue(const std::string& p_text, 
 
 std::vector<std::string> StringUtilities::stringToVector(const std::string& p_text, char p_separator)
 {
+    support::HostTextScript::note("stringToVector", p_text);
     return split(p_text, p_separator, false);
 }
 
@@ -232,6 +236,10 @@ std::string StringUtilities::removeWhitespace(const std::string& p_text)
 
 bool StringUtilities::stringToBool(const std::string& p_text)
 {
+    support::HostTextScript::note("stringToBool", p_text);
+    if (const std::optional<bool> answer = support::HostTextScript::switchAnswer())
+        return *answer;
+
     constexpr std::array<std::string_view, 11> k_true {"T",   "True", "TRUE", "true", "Yes", "YES",
                                                        "yes", "On",   "ON",   "on",   "1"};
     return std::find(k_true.begin(), k_true.end(), p_text) != k_true.end();

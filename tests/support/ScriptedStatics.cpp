@@ -8,6 +8,7 @@
 #include "UnitsConverter.h"
 #include "UnitsError.h"
 
+#include "support/ConverterRequests.h"
 #include "support/ScriptedHost.h"
 #include "support/ScriptedHostAnswers.h"
 
@@ -132,6 +133,8 @@ bool QCLParam::isNumericType(ParamType p_type)
 UnitsConverter& UnitsConverter::instance()
 {
     static UnitsConverter converter;
+    if (support::ConverterRequests::areNoted())
+        Answers::note(ScriptedHost::current(), "converter.instance", {});
     return converter;
 }
 

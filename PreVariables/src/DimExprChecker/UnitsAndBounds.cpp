@@ -62,8 +62,6 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
 void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
                                      const std::string& p_units, bool p_fromExpression)
 {
-    const UnitsConverter& converter = UnitsConverter::instance();
-
     std::string quantity;
     const int mode = m_quantityModifier->quantityMode(m_model, p_objectPath, p_paramName, quantity);
     if (quantity.empty())
@@ -73,7 +71,9 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
     std::string expected;
     if (dynamic)
         expected = m_quantityModifier->dynamicUnits(quantity);
-    else
+
+    const UnitsConverter& converter = UnitsConverter::instance();
+    if (!dynamic)
     {
         try
         {
@@ -98,8 +98,9 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
     if (converter.convertUnits(p_units, expected, 0.0F, converted, true))
         return;
 
+    const double tolerance = unitsTolerance();    // read even when the host throws at the units
     const UnitDimensions expectedDims = converter.dimsFromUnits(expected);
-    if (agreeButForAngle(expectedDims, converter.dimsFromUnits(p_units)))
+    if (agreeButForAngle(expectedDims, converter.dimsFromUnits(p_units), tolerance))
         return;
 
     if (p_fromExpression)
@@ -139,21 +140,21 @@ void DimExprChecker::checkParamBounds(const std::string& p_objectPath, const std
 float DimExprChecker::extractBoundValue(const std::string& p_paramName, const std::string& p_boundText,
                                         const std::string& p_units)
 {
-    const UnitsConverter& converter = UnitsConverter::instance();
-
     float number = 0.0F;
     std::string boundUnits;
     if (splitBoundString(p_boundText, number, boundUnits))
     {
+        const UnitsConverter& converter = UnitsConverter::instance();
         float result = 0.0F;
         if (converter.convertUnits(boundUnits, p_units, number, result, true))
             return result;
 
         // Units that differ by an angle only are made alike by the angle that is missing.
+        const double tolerance = unitsTolerance();
         const UnitDimensions dims = converter.dimsFromUnits(p_units);
         const UnitDimensions boundDims = converter.dimsFromUnits(boundUnits);
         const float missingAngle = boundDims[UnitDimensions::k_angle] - dims[UnitDimensions::k_angle];
-        if (agreeButForAngle(dims, boundDims))
+        if (agreeButForAngle(dims, boundDims, tolerance))
         {
             const std::string angle = StringUtilities::toString(static_cast<double>(missingAngle), "%12g");
             if (converter.convertUnits(boundUnits, p_units + " rad^" + angle, number, result, true))

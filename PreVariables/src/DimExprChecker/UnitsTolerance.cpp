@@ -30,9 +30,8 @@ double unitsTolerance()
     return tolerance;
 }
 
-bool agreeButForAngle(const UnitDimensions& p_a, UnitDimensions p_b)
+bool agreeButForAngle(const UnitDimensions& p_a, UnitDimensions p_b, double p_tolerance)
 {
-    const double tolerance = unitsTolerance();
     p_b[UnitDimensions::k_angle] = p_a[UnitDimensions::k_angle];
 
     for (std::size_t i = 0; i < UnitDimensions::k_count; ++i)
@@ -40,7 +39,7 @@ bool agreeButForAngle(const UnitDimensions& p_a, UnitDimensions p_b)
         // Deliberate: the difference is single, the comparison double, so a difference of 0.001f is above 0.001. Held
         // by UnitsTolerance.ComparesASinglePrecisionDifferenceInDouble.
         const float difference = std::fabs(p_a[i] - p_b[i]);
-        if (!(static_cast<double>(difference) <= tolerance))
+        if (!(static_cast<double>(difference) <= p_tolerance))
             return false;
     }
     return true;

@@ -8,7 +8,8 @@ namespace qen {
 /// QVN5_UNITS_TOL says. Read on first use, once per process.
 double unitsTolerance();
 
-/// Whether dimensions agree when the angle is left out, which counts as dimensionless.
-bool agreeButForAngle(const UnitDimensions& p_a, UnitDimensions p_b);
+/// Whether dimensions agree, each exponent within the tolerance, when the angle is left out, which counts as
+/// dimensionless.
+bool agreeButForAngle(const UnitDimensions& p_a, UnitDimensions p_b, double p_tolerance);
 
 }    // namespace qen

@@ -2,10 +2,13 @@
 
 namespace qen {
 
+PreVarExprInfo* PreVarExprInfo::m_instance = nullptr;
+
 PreVarExprInfo& PreVarExprInfo::instance()
 {
-    static auto* const info = new PreVarExprInfo;    // never destroyed: others may ask until the very end
-    return *info;
+    if (!m_instance)
+        m_instance = new PreVarExprInfo;    // never destroyed: others may ask until the very end
+    return *m_instance;
 }
 
 void PreVarExprInfo::init(const PreVariableDefStore* p_varDefStore) { m_varDefStore = p_varDefStore; }

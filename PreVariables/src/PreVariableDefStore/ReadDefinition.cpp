@@ -37,7 +37,6 @@ constexpr Store::VarDefField k_settings[] {Store::STATUS, Store::UNDER_RELAXATIO
 
 const char* keyOf(Store::VarDefField p_field) { return fieldDescriptor(p_field)->key; }
 
-constexpr std::size_t k_mostKnownLists = 1024;
 constexpr std::size_t k_keys = k_fields.size() - 1;    // the definition's own name has none
 
 struct KeyedField {
@@ -119,7 +118,7 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     }
 
     for (const VarDefField field : k_keywords)
-        record.*memberOf<SetMember>(field) = keywords(texts[field]);
+        record.*memberOf<SetMember>(field) = addValues(StringUtilities::stringToVector(texts[field], ','));
 
     if (record.tensorType != m_scalarIdx)    // a scalar's component keys are not even read
     {
@@ -132,8 +131,8 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     for (const VarDefField field : k_settings)
         record.*memberOf<ValueMember>(field) = addValue(texts[field]);
 
-    bool isField = StringUtilities::stringToBool(texts[FIELD_VARIABLE]);
-    if (texts[FIELD_VARIABLE].empty() && record.generalAvailability.contains(m_qelIdx))
+    std::string fieldVariable = texts[FIELD_VARIABLE];
+    if (fieldVariable.empty() && record.generalAvailability.contains(m_qelIdx))
     {
         // Deliberate: tells the user "True", which is a text they may write, and goes on with "T". Do not make them
         // alike. Held by ReadDefinition.AssumesAFieldWhereQelIsAvailableAndNothingIsSaid.
@@ -143,9 +142,9 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
                              .arg(name)
                              .arg(keyOf(FIELD_VARIABLE))
                              .arg("True"));
-        isField = true;
+        fieldVariable = k_true;
     }
-    record.fieldVariable = isField ? m_trueIdx : m_falseIdx;
+    record.fieldVariable = StringUtilities::stringToBool(fieldVariable) ? m_trueIdx : m_falseIdx;
 
     if (record.tensorType != m_scalarIdx)
     {
@@ -155,19 +154,6 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     }
     registerNames(record);
     m_records.push_back(std::move(record));
-}
-
-/// The values of a list of keywords. The same lists come again and again, so that some are kept.
-const PreVariableDefStore::ValueSet& PreVariableDefStore::keywords(const std::string& p_list)
-{
-    const auto known = m_knownKeywords.find(p_list);
-    if (known != m_knownKeywords.end())
-        return known->second;
-
-    ValueSet values = addValues(StringUtilities::stringToVector(p_list, ','));
-    if (m_knownKeywords.size() >= k_mostKnownLists)
-        m_knownKeywords.clear();
-    return m_knownKeywords.emplace(p_list, std::move(values)).first->second;
 }
 
 bool PreVariableDefStore::isTensorType(ValueIndex p_value) const

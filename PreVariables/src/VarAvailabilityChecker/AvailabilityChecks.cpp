@@ -75,8 +75,8 @@ private:
 /// Holds if it does in the domain around the place, or in the fluid around it.
 class FluidDepCheck final : public AvailabilityCheck {
 public:
-    FluidDepCheck(const PhysicsEvaluator* p_evaluator, const char* p_fluidQuery, const char* p_domainQuery)
-        : m_fluidQuery(p_evaluator, p_fluidQuery, true), m_domainQuery(p_evaluator, p_domainQuery, true)
+    FluidDepCheck(const PhysicsEvaluator* p_evaluator, const char* p_domainQuery, const char* p_fluidQuery)
+        : m_domainQuery(p_evaluator, p_domainQuery, true), m_fluidQuery(p_evaluator, p_fluidQuery, true)
     {}
 
     bool check(const std::string& p_objectPath, const ModelQCL* p_model) const override
@@ -90,8 +90,9 @@ public:
     }
 
 private:
-    BoolQuery m_fluidQuery;
+    // In the order in which they are declared, and asked.
     BoolQuery m_domainQuery;
+    BoolQuery m_fluidQuery;
 };
 
 /// Holds where there is an additional variable: in a fluid or solid of the domain, or in the fluid around the place.
@@ -123,7 +124,7 @@ private:
 class IsAVOrMasFrcCheck final : public AvailabilityCheck {
 public:
     explicit IsAVOrMasFrcCheck(const PhysicsEvaluator* p_evaluator)
-        : m_masFrc(p_evaluator, "anyDomFluFMCompsForFluid", "anyDomFMComps"), m_av(p_evaluator)
+        : m_masFrc(p_evaluator, "anyDomFMComps", "anyDomFluFMCompsForFluid"), m_av(p_evaluator)
     {}
 
     bool check(const std::string& p_objectPath, const ModelQCL* p_model) const override
@@ -140,7 +141,7 @@ private:
 class EfficiencyCheck final : public AvailabilityCheck {
 public:
     explicit EfficiencyCheck(const PhysicsEvaluator* p_evaluator)
-        : m_heatTransfer(p_evaluator, "isDomFMFluHTMnotnone", "isDomGMHTMnotnone"),
+        : m_heatTransfer(p_evaluator, "isDomGMHTMnotnone", "isDomFMFluHTMnotnone"),
           m_inflow(p_evaluator, "anyInflowBdyForDomain", true)
     {}
 
@@ -184,7 +185,7 @@ std::unique_ptr<const AvailabilityCheck> makeCheck(const availability::Keyword& 
     case Kind::Bulk:
         return std::make_unique<BulkCheck>(p_evaluator, p_keyword.query);
     case Kind::FluidDep:
-        return std::make_unique<FluidDepCheck>(p_evaluator, p_keyword.fluidQuery, p_keyword.domainQuery);
+        return std::make_unique<FluidDepCheck>(p_evaluator, p_keyword.domainQuery, p_keyword.fluidQuery);
     case Kind::AV:
         return std::make_unique<IsAVCheck>(p_evaluator);
     case Kind::AVOrMasFrc:
