@@ -4,9 +4,12 @@
 #include "PreVariablesApi.h"
 #include "VariablePrefixInfo.h"
 
+#include <array>
+#include <cstddef>
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -122,15 +125,21 @@ private:
                             bool p_fieldValuedAllowed, const std::vector<CallbackInfo>& p_callbacks);
 
     // Prefixes and additional variables.
-    void checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
-                               const SplitVariableName& p_name);
+    static QCLPath prefixContextOf(const std::string& p_objectPath);
     void checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
                                const std::string& p_domainName, const SplitVariableName& p_name,
                                bool p_useObjectContext);
+    void checkPrefixesAt(const QCLPath& p_contextPath, const std::string& p_objectPath,
+                         const std::string& p_paramName, const SplitVariableName& p_name);
     void checkAVPrefix(const std::string& p_objectPath, const std::string& p_paramName,
                        const QCLPath& p_contextPath, const SplitVariableName& p_name,
                        const VariablePrefixInfo::Classification& p_classification);
-    std::vector<std::string> findDomainAVPath(const std::string& p_domainPath, const std::string& p_avName);
+    struct AVModels {
+        std::array<const std::string*, 2>
+            models {};    // the levels of a domain that define an additional variable
+        std::size_t count = 0;
+    };
+    AVModels findDomainAVModels(const std::string& p_domainPath, std::string_view p_avName);
 
     // What the physics provides.
     void checkVariableAvailability(const std::string& p_objectPath, const std::string& p_paramName,
@@ -150,6 +159,7 @@ private:
     std::map<std::string, std::pair<float, std::string>> m_boundCache;    // bound text to value and units
     mutable std::set<std::string> m_ruleParamNames;                       // filled on first use
     mutable bool m_ruleNamesCached = false;
+    std::string m_pathText;    // where paths are built; kept for its memory
 };
 
 }    // namespace qen

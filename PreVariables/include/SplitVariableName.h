@@ -57,6 +57,9 @@ public:
 
     SplitVariableName(const SplitVariableName&);
     SplitVariableName& operator=(const SplitVariableName&);
+    /// What was moved from may only be destroyed or assigned to.
+    SplitVariableName(SplitVariableName&&) noexcept;
+    SplitVariableName& operator=(SplitVariableName&&) noexcept;
     ~SplitVariableName();
 
     /// The name as it was written.

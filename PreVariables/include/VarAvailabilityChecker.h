@@ -14,6 +14,7 @@ namespace qen {
 
 class ModelQCL;
 class PhysicsEvaluator;
+class PreVariableDefStore;
 class ShortVarNameFinder;
 class SplitVariableName;
 
@@ -62,6 +63,12 @@ public:
     ///                      so that its opposite holds nowhere.
     /// @param p_objectPath  For instance "/FLOW:F/DOMAIN:Duct/BOUNDARY:Inlet".
     bool isPhysicallyAvailable(const SplitVariableName& p_name, const std::vector<std::string>& p_keys,
+                               const std::string& p_objectPath) const;
+
+    /// The same of the keywords that the definition of the variable has.
+    ///
+    /// @throws data::notFound  No variable has the name of the root, or its record is not there yet.
+    bool isPhysicallyAvailable(const SplitVariableName& p_name, const PreVariableDefStore& p_definitions,
                                const std::string& p_objectPath) const;
 
     /// All keywords that are known, in ascending order.

@@ -3,6 +3,7 @@
 #include "DimExprChecker/MessageCatalogue.h"
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace qen {
@@ -81,17 +82,19 @@ SplitVariableName::SplitVariableName(const std::string& p_fullName,
     const std::size_t prefixes = prefixCount(components.size(), hasSuffix);
 
     m_type = typeOf(found);
-    m_root = components[root];
-    if (hasSuffix)
-        m_suffix = components.back();
     if (prefixes > 0)
         m_prefix1 = components[0].name();
     if (prefixes > 1)
         m_prefix2 = components[1].name();
+    m_root = std::move(components[root]);
+    if (hasSuffix)
+        m_suffix = std::move(components.back());
 }
 
 SplitVariableName::SplitVariableName(const SplitVariableName&) = default;
 SplitVariableName& SplitVariableName::operator=(const SplitVariableName&) = default;
+SplitVariableName::SplitVariableName(SplitVariableName&&) noexcept = default;
+SplitVariableName& SplitVariableName::operator=(SplitVariableName&&) noexcept = default;
 SplitVariableName::~SplitVariableName() = default;
 
 }    // namespace qen

@@ -16,7 +16,7 @@ class Root : public testing::Test {
 protected:
     VariableRootNameFinder::RootNameInfo find(const std::string& p_fullName)
     {
-        const DimExprVarRootFinder finder(m_host.model());
+        const DimExprVarRootFinder finder(m_host.model(), ModelPaths(m_pathText));
         m_host.forgetCalls();
         return finder.findRoot(p_fullName);
     }
@@ -24,10 +24,11 @@ protected:
     std::string lookUp(const std::string& p_rootName)
     {
         m_host.forgetCalls();
-        return additionalVariableName(*m_host.model(), p_rootName);
+        return std::string(additionalVariableName(*m_host.model(), p_rootName, ModelPaths(m_pathText)));
     }
 
     support::ScriptedHost m_host;
+    std::string m_pathText;
 };
 
 class AVName : public Root {};

@@ -10,7 +10,9 @@
 #include "QCLPath.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qen {
@@ -24,24 +26,24 @@ constexpr const char* k_porous = "Porous";
 
 }    // namespace
 
-std::vector<std::string> DimExprChecker::findDomainAVPath(const std::string& p_domainPath,
-                                                          const std::string& p_avName)
+DimExprChecker::AVModels DimExprChecker::findDomainAVModels(const std::string& p_domainPath,
+                                                            std::string_view p_avName)
 {
+    const ModelPaths paths(m_pathText);
     const std::string domainType = m_model->paramValue(p_domainPath, modelpaths::k_domainType);
     const bool isPorous = domainType == k_porous;
-    const char* const models =
+    const std::string& models =
         isPorous || domainType == "Solid" ? modelpaths::k_solidModels : modelpaths::k_fluidModels;
 
-    std::vector<std::string> paths;
-    const auto addIfDefined = [&](const char* p_models) {
-        std::string path = modelpaths::domainAV(p_domainPath, p_models, p_avName);
-        if (m_model->objectExists(path))
-            paths.push_back(std::move(path));
+    AVModels found;
+    const auto addIfDefined = [&](const std::string& p_models) {
+        if (m_model->objectExists(paths.domainAV(p_domainPath, p_models, p_avName)))
+            found.models[found.count++] = &p_models;
     };
     addIfDefined(models);
     if (isPorous)
         addIfDefined(modelpaths::k_fluidModels);
-    return paths;
+    return found;
 }
 
 void DimExprChecker::checkAVPrefix(const std::string& p_objectPath, const std::string& p_paramName,
@@ -56,25 +58,27 @@ void DimExprChecker::checkAVPrefix(const std::string& p_objectPath, const std::s
     const QCLPath domain = p_contextPath.getSubPathByType(modelpaths::k_domain);
     const std::string domainName = domain.getLastName();
     const std::string& domainPath = domain.getFullPath();
-    const std::string avName = additionalVariableName(*m_model, p_name.root().name());
-    const std::vector<std::string> definitions = findDomainAVPath(domainPath, avName);
-    if (definitions.empty())
+    const ModelPaths paths(m_pathText);
+    const std::string_view avName = additionalVariableName(*m_model, p_name.root().name(), paths);
+    const AVModels definitions = findDomainAVModels(domainPath, avName);
+    if (definitions.count == 0)
         raise<Msg::AVNotInDomain>(fullName, p_paramName, p_objectPath, domainName);
 
-    const auto isDefinedIn = [&](const char* p_models) {
-        return m_model->objectExists(modelpaths::domainAV(domainPath, p_models, avName));
+    const auto isDefinedIn = [&](const std::string& p_models) {
+        return m_model->objectExists(paths.domainAV(domainPath, p_models, avName));
     };
     const auto isDefinedForFluid = [&](const std::string& p_fluid) {
-        return m_model->objectExists(modelpaths::fluidAV(domainPath, p_fluid, avName));
+        return m_model->objectExists(paths.fluidAV(domainPath, p_fluid, avName));
     };
 
     // Deliberate: every definition is judged, so that a porous domain whose solids and fluids define the variable
     // refuses a solid prefix when the definition of the fluids, which comes second, is fluid-dependent.
     // Held by AVPrefix.SolidPrefixIsRefusedWhereTheFluidsDefineItFluidDependently.
-    for (const std::string& definition : definitions)
+    for (std::size_t i = 0; i < definitions.count; ++i)
     {
         const bool fluidDependent =
-            m_model->paramValue(definition, modelpaths::k_option) == "Fluid Dependent";
+            m_model->paramValue(paths.domainAV(domainPath, *definitions.models[i], avName),
+                                modelpaths::k_option) == "Fluid Dependent";
         const bool porous = m_model->paramValue(domainPath, modelpaths::k_domainType) == k_porous;
         // Deliberate: the fluids are asked for as well, though none of the rules below looks at them.
         // Held by AVPrefixQuestions.InAFluidDomainAreThese.
@@ -108,9 +112,8 @@ void DimExprChecker::checkAVPrefix(const std::string& p_objectPath, const std::s
         }
         // Deliberate: both must exist, so a prefix here is in practice always refused. Not "either".
         // Held by AVPrefix.RefusedUnlessFluidAndSolidBothExist.
-        else if (!m_model->objectExists(modelpaths::child(domainPath + '/' + modelpaths::k_fluidModels,
-                                                          modelpaths::k_fluid, prefix)) ||
-                 !m_model->objectExists(modelpaths::child(domainPath, modelpaths::k_solidDefinition, prefix)))
+        else if (!m_model->objectExists(paths.fluidModels(domainPath, prefix)) ||
+                 !m_model->objectExists(paths.solidDefinition(domainPath, prefix)))
             raise<Msg::AVInvalidPrefix>(fullName, p_paramName, p_objectPath, prefix);
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ModelPaths.h"
+
 #include <string>
 
 namespace qen {
@@ -12,8 +14,8 @@ class QCLPath;
 class CallbackLocators {
 public:
     /// The model is not owned and outlives this; the name must stay as well.
-    CallbackLocators(const ModelQCL& p_model, const std::string& p_flowName)
-        : m_model(p_model), m_flowName(p_flowName)
+    CallbackLocators(const ModelQCL& p_model, const std::string& p_flowName, const ModelPaths& p_paths)
+        : m_model(p_model), m_flowName(p_flowName), m_paths(p_paths)
     {}
 
     /// Whether the locator is a monitor point whose value is an expression.
@@ -35,6 +37,7 @@ public:
 private:
     const ModelQCL& m_model;
     const std::string& m_flowName;
+    ModelPaths m_paths;
 };
 
 }    // namespace qen

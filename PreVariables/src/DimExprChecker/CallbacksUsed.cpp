@@ -28,6 +28,10 @@ constexpr const char* k_rigidBodyState = "rbstate";
 constexpr const char* k_rigidBodyClass = "RBS";
 constexpr const char* k_eulerAngle = "Euler Angle";
 
+// Availability keywords, as the catalogue of operators takes them.
+const std::string k_expressionValue = "EXPRESSION VALUE";
+const std::string k_callback = "CALLBACK";
+
 /// What the checks of all calls of an expression look at.
 struct CallContext {
     const PreVariableDefStore& definitions;
@@ -62,7 +66,7 @@ public:
         if (!m_context.definitions.hasOperator(op))
             raise<Msg::InvalidOperator>(op, m_call.argument, m_context.paramName, m_context.objectPath);
 
-        const char* const keyword = m_argument.isMPExprValue() ? "EXPRESSION VALUE" : "CALLBACK";
+        const std::string& keyword = m_argument.isMPExprValue() ? k_expressionValue : k_callback;
         if (!m_context.definitions.doesOperatorHaveAvailability(op, keyword))
             refuse<Msg::ArgumentOperatorUnsupported>(m_call.argument);
     }
@@ -196,12 +200,13 @@ void DimExprChecker::checkCallbacksUsed(const std::string& p_objectPath, const s
     if (flowName.empty())
         return;
 
-    const CallbackLocators locators(*m_model, flowName);
+    const ModelPaths paths(m_pathText);
+    const CallbackLocators locators(*m_model, flowName, paths);
     const CallContext context {*m_varDefStore, *m_callbackStore, *m_locatorInfo, locators,
                                flowName,       p_objectPath,     p_paramName,    p_fieldValuedAllowed};
     for (const CallbackInfo& call : p_callbacks)
     {
-        const DimExprVarRootFinder rootFinder(m_model);
+        const DimExprVarRootFinder rootFinder(m_model, paths);
         const SplitVariableName argument(call.argument, &rootFinder);
         CallCheck check(context, call, argument);
 

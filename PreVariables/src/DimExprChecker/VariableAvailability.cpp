@@ -4,7 +4,6 @@
 #include "InternalErrors.h"
 #include "MessageCatalogue.h"
 #include "ModelPaths.h"
-#include "PreVariableDefStore.h"
 #include "SplitVariableName.h"
 #include "VarAvailabilityChecker.h"
 
@@ -47,13 +46,8 @@ void DimExprChecker::checkVariableAvailability(const std::string& p_objectPath,
 
     if (!modelpaths::levelName(p_objectPath, modelpaths::k_domain).empty())
         for (const SplitVariableName& name : p_splitNames)
-        {
-            const std::string& root = name.root().name();
-            const std::vector<std::string> keywords =
-                m_varDefStore->getVarDefDataVec(root, PreVariableDefStore::PHYSICAL_AVAILABILITY);
-            if (!m_availabilityChecker->isPhysicallyAvailable(name, keywords, p_objectPath))
-                unavailable.push_back(root);
-        }
+            if (!m_availabilityChecker->isPhysicallyAvailable(name, *m_varDefStore, p_objectPath))
+                unavailable.push_back(name.root().name());
 
     if (!unavailable.empty())
         raise<Msg::UnavailableVariables>(p_paramName, p_objectPath, unavailable);

@@ -10,9 +10,12 @@
 #include "QCLPath.h"
 #include "StringUtilities.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qen {
@@ -32,9 +35,12 @@ struct Reference {
     const std::string& objectPath;
 
     /// Whether the definition of the variable has that word in its scope.
-    bool hasScope(const char* p_word) const
+    bool hasScope(std::string_view p_word) const
     {
-        return store.varMatches(name.root().name(), PreVariableDefStore::VARIABLE_SCOPE, p_word);
+        const PreVariableDefStore::ValueSet& scopes = store.variableData(name.root().name()).variableScope;
+        return std::ranges::any_of(scopes, [&](PreVariableDefStore::ValueIndex p_scope) {
+            return store.fieldValue(p_scope) == p_word;
+        });
     }
 
     template <Msg Id>
@@ -153,14 +159,24 @@ void checkScope(const Reference& p_reference, const Classification& p_classifica
     raiseMissingPrefix(p_reference);
 }
 
+/// The place by which the prefixes of a variable of the object are judged: the object itself, or else the domain of that
+/// name in the object's flow.
+QCLPath contextOf(const std::string& p_objectPath, const std::string& p_domainName, bool p_useObjectContext)
+{
+    QCLPath object(p_objectPath);
+    QCLPath context;
+    context.push_back(modelpaths::k_flow, object.getName(0));
+    context.push_back(modelpaths::k_domain, p_domainName);
+    return p_useObjectContext && context.isParent(object) ? std::move(object) : std::move(context);
+}
+
 }    // namespace
 
-void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
-                                           const SplitVariableName& p_name)
+/// Empty where the object is in no domain: there, prefixes are not checked.
+QCLPath DimExprChecker::prefixContextOf(const std::string& p_objectPath)
 {
     const std::string domainName = modelpaths::levelName(p_objectPath, modelpaths::k_domain);
-    if (!domainName.empty())
-        checkVariablePrefixes(p_objectPath, p_paramName, domainName, p_name, true);
+    return domainName.empty() ? QCLPath() : contextOf(p_objectPath, domainName, true);
 }
 
 void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
@@ -170,24 +186,24 @@ void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, cons
     if (p_domainName.empty())
         internalError(k_noDomainName);
 
-    const QCLPath object(p_objectPath);
-    QCLPath context;
-    context.push_back(modelpaths::k_flow, object.getName(0));
-    context.push_back(modelpaths::k_domain, p_domainName);
-    if (p_useObjectContext && context.isParent(object))
-        context = object;
+    checkPrefixesAt(contextOf(p_objectPath, p_domainName, p_useObjectContext), p_objectPath, p_paramName,
+                    p_name);
+}
 
+void DimExprChecker::checkPrefixesAt(const QCLPath& p_contextPath, const std::string& p_objectPath,
+                                     const std::string& p_paramName, const SplitVariableName& p_name)
+{
     if (p_name.isAV() && !p_name.prefix2().empty())
         raise<Msg::AVTwoPrefixes>(p_name.fullName(), p_paramName, p_objectPath);
 
     std::string errorText;
     const Classification classification =
-        m_prefixInfo->classifyPrefixes(context, p_name.prefix1(), p_name.prefix2(), errorText);
+        m_prefixInfo->classifyPrefixes(p_contextPath, p_name.prefix1(), p_name.prefix2(), errorText);
     if (!errorText.empty())
         raise<Msg::PrefixError>(p_name.fullName(), p_paramName, p_objectPath, errorText);
 
     if (p_name.isAV())
-        checkAVPrefix(p_objectPath, p_paramName, context, p_name, classification);
+        checkAVPrefix(p_objectPath, p_paramName, p_contextPath, p_name, classification);
     else
         checkScope({*m_varDefStore, p_name, p_paramName, p_objectPath}, classification);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ModelPaths.h"
 #include "SplitVariableName.h"
 
 #include <string>
+#include <string_view>
 
 namespace qen {
 
@@ -12,16 +14,20 @@ class ModelQCL;
 class DimExprVarRootFinder final : public VariableRootNameFinder {
 public:
     /// @param p_model  Not owned; outlives the finder.
-    explicit DimExprVarRootFinder(const ModelQCL* p_model) : m_model(p_model) {}
+    DimExprVarRootFinder(const ModelQCL* p_model, const ModelPaths& p_paths)
+        : m_model(p_model), m_paths(p_paths)
+    {}
 
     RootNameInfo findRoot(const std::string& p_fullName) const override;
 
 private:
     const ModelQCL* m_model;
+    ModelPaths m_paths;
 };
 
 /// The additional variable that a root stands for: the one of that name, or the vector of which it is a component, as
-/// in "Swirl X". Empty when there is none.
-std::string additionalVariableName(const ModelQCL& p_model, const std::string& p_rootName);
+/// in "Swirl X". Part of the root; empty when there is none.
+std::string_view additionalVariableName(const ModelQCL& p_model, std::string_view p_rootName,
+                                        const ModelPaths& p_paths);
 
 }    // namespace qen

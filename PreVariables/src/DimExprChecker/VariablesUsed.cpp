@@ -17,6 +17,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qen {
@@ -63,9 +64,11 @@ std::optional<TensType> selected(TensType p_type, const std::string& p_selector)
 //
 // Deliberate: read under the root as it is written. For a component of a vector, such as "Swirl X", that is no entry,
 // and the empty text makes it a scalar. Held by Scalar.ComponentOfAVectorAdditionalVariableIsOne.
-std::optional<TensType> additionalVariableType(const ModelQCL& p_model, const std::string& p_rootName)
+std::optional<TensType> additionalVariableType(const ModelQCL& p_model, const std::string& p_rootName,
+                                               const ModelPaths& p_paths)
 {
-    const std::string text = p_model.paramValue(modelpaths::additionalVariable(p_rootName), "Tensor Type");
+    const std::string text =
+        p_model.paramValue(p_paths.additionalVariable(p_rootName), modelpaths::k_tensorType);
     if (text.empty() || text == "SCALAR")
         return PreVariableDefStore::SCALAR;
     if (text == "VECTOR")
@@ -88,7 +91,8 @@ bool isInsideBoundary(const QCLPath& p_object)
 
 /// Whether the parameter is the value, in the models of a domain, of an additional variable that exists on boundaries
 /// alone: the one place outside a boundary where the boundary operators make sense.
-bool isBoundaryOnlyAVValue(const ModelQCL& p_model, const QCLPath& p_object, const std::string& p_paramName)
+bool isBoundaryOnlyAVValue(const ModelQCL& p_model, const QCLPath& p_object, const std::string& p_paramName,
+                           const ModelPaths& p_paths)
 {
     if (p_paramName != "Additional Variable Value" || p_object.size() < 4 ||
         p_object.getLastType() != modelpaths::k_additionalVariable)
@@ -98,8 +102,8 @@ bool isBoundaryOnlyAVValue(const ModelQCL& p_model, const QCLPath& p_object, con
     if (models != modelpaths::k_fluidModels && models != modelpaths::k_solidModels)
         return false;
 
-    const std::string boundaryOnly =
-        p_model.paramValue(modelpaths::additionalVariable(p_object.getLastName()), "Boundary Only Field");
+    const std::string boundaryOnly = p_model.paramValue(p_paths.additionalVariable(p_object.getLastName()),
+                                                        modelpaths::k_boundaryOnlyField);
     return !boundaryOnly.empty() && StringUtilities::stringToBool(boundaryOnly);
 }
 
@@ -119,13 +123,14 @@ void DimExprChecker::checkVariablesUsed(const std::string& p_objectPath, const s
                                                                 k_noVariables) != dependencies.end()))
         raise<Msg::VariablesNotAllowed>(p_paramName, p_objectPath);
 
+    const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_pathText));
+    const QCLPath prefixContext = p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);
     std::vector<std::string> fieldValuedNames;
     std::vector<SplitVariableName> splitNames;
-    splitNames.reserve(p_variableNames.size());    // a split name is dear to copy
+    splitNames.reserve(p_variableNames.size());
     for (const std::string& variableName : p_variableNames)
     {
-        const DimExprVarRootFinder rootFinder(m_model);
-        const SplitVariableName name(variableName, &rootFinder);
+        SplitVariableName name(variableName, &rootFinder);
 
         checkIsScalarVariable(p_objectPath, p_paramName, name);
         checkValidCoordUsage(p_objectPath, p_paramName, name);
@@ -135,11 +140,11 @@ void DimExprChecker::checkVariablesUsed(const std::string& p_objectPath, const s
                                                   name.root().name(), PreVariableDefStore::FIELD_VARIABLE)))
             fieldValuedNames.push_back(variableName);
 
-        if (!p_expressionKind)
-            checkVariablePrefixes(p_objectPath, p_paramName, name);
+        if (!prefixContext.empty())
+            checkPrefixesAt(prefixContext, p_objectPath, p_paramName, name);
 
         if (!name.isAV())
-            splitNames.push_back(name);
+            splitNames.push_back(std::move(name));
     }
 
     if (!fieldValuedNames.empty())
@@ -164,7 +169,7 @@ void DimExprChecker::checkIsScalarVariable(const std::string& p_objectPath, cons
     const std::string& rootName = p_name.root().name();
     std::optional<TensType> rootType;
     if (p_name.isAV())
-        rootType = additionalVariableType(*m_model, rootName);
+        rootType = additionalVariableType(*m_model, rootName, ModelPaths(m_pathText));
     if (!rootType)
         rootType = m_varDefStore->getTensorType(rootName);
     const TensType variable = reduced(*rootType, p_name.root());
@@ -212,7 +217,8 @@ void DimExprChecker::checkSuffixes(const std::string& p_objectPath, const std::s
     if (isBoundaryOperator(op))
     {
         const QCLPath object(p_objectPath);
-        if (!isInsideBoundary(object) && !isBoundaryOnlyAVValue(*m_model, object, p_paramName))
+        if (!isInsideBoundary(object) &&
+            !isBoundaryOnlyAVValue(*m_model, object, p_paramName, ModelPaths(m_pathText)))
             raise<Msg::BoundconOutsideBoundary>(p_name.fullName(), p_paramName, p_objectPath);
     }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,19 +16,29 @@ public:
     // any other. Held by GeneralAvailability.TakesXyzForANameBesideXyzt.
     explicit AllowedNames(const std::vector<std::string>& p_list) : m_names(p_list.begin(), p_list.end())
     {
-        if (m_names.erase("XYZT") != 0)
+        std::ranges::sort(m_names);
+        if (remove("XYZT"))
             m_coordinates = k_coordinatesAndTime;
-        else if (m_names.erase("XYZ") != 0)
+        else if (remove("XYZ"))
             m_coordinates = std::span(k_coordinatesAndTime).first(k_coordinatesAndTime.size() - 1);
     }
 
     bool contains(std::string_view p_shortName) const
     {
-        return m_names.contains(p_shortName) ||
+        return std::ranges::binary_search(m_names, p_shortName) ||
                std::ranges::find(m_coordinates, p_shortName) != m_coordinates.end();
     }
 
 private:
+    /// @return Whether it was there.
+    bool remove(std::string_view p_name)
+    {
+        const auto equal = std::ranges::equal_range(m_names, p_name);
+        const bool found = !equal.empty();
+        m_names.erase(equal.begin(), equal.end());
+        return found;
+    }
+
     /// What "XYZT" stands for; "XYZ" stands for all but the last.
     static constexpr std::array<std::string_view, 17> k_coordinatesAndTime {"x",
                                                                             "y",
@@ -49,7 +58,7 @@ private:
                                                                             "initcartcrd z",
                                                                             "t"};
 
-    std::set<std::string_view> m_names;
+    std::vector<std::string_view> m_names;    // sorted
     std::span<const std::string_view> m_coordinates;
 };
 

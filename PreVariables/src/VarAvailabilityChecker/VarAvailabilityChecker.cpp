@@ -3,7 +3,9 @@
 #include "AllowedNames.h"
 #include "AvailabilityChecks.h"
 #include "AvailabilityKeywords.h"
+#include "PreVariableDefStore.h"
 #include "ShortVarNameFinder.h"
+#include "SplitVariableName.h"
 
 #include <algorithm>
 #include <string_view>
@@ -68,6 +70,16 @@ bool VarAvailabilityChecker::isPhysicallyAvailable(const SplitVariableName&,
 {
     return std::ranges::all_of(p_keys,
                                [&](const std::string& p_key) { return doCheck(p_key, p_objectPath); });
+}
+
+bool VarAvailabilityChecker::isPhysicallyAvailable(const SplitVariableName& p_name,
+                                                   const PreVariableDefStore& p_definitions,
+                                                   const std::string& p_objectPath) const
+{
+    const auto& keys = p_definitions.variableData(p_name.root().name()).physicalAvailability;
+    return std::ranges::all_of(keys, [&](PreVariableDefStore::ValueIndex p_key) {
+        return doCheck(p_definitions.fieldValue(p_key), p_objectPath);
+    });
 }
 
 std::vector<std::string> VarAvailabilityChecker::supportedPhysAvailChecks() const
