@@ -35,6 +35,13 @@ standalone::World CheckSetting::makeWorld(const PreVariableDefStore& p_variables
     return world;
 }
 
+support::HostInterfaces CheckSetting::interfaces() const
+{
+    return {
+        &m_model,  &m_definitions.rules(), &m_definitions.rules(), &m_prefixes, &m_locators, &m_shortNames,
+        &m_physics};
+}
+
 DimExprChecker CheckSetting::makeChecker(const PreVariableDefStore& p_variables) const
 {
     return DimExprChecker(&m_model, &m_definitions.rules(), &m_definitions.rules(), &p_variables, &m_prefixes,

@@ -10,6 +10,8 @@
 #include "physics/PhysicsAnswers.h"
 #include "world/World.h"
 
+#include "support/HostBorder.h"
+
 #include "DimExprChecker.h"
 #include "PreVariableDefStore.h"
 #include "VarAvailabilityChecker.h"
@@ -36,6 +38,10 @@ public:
     CheckSetting& operator=(const CheckSetting&) = delete;
 
     standalone::ModelTree& model() { return m_model; }
+
+    support::HostInterfaces interfaces() const;
+    const PreVariableDefStore& variables() const { return *m_world.variables; }
+    const ExprCBFuncStore& callbacks() const { return *m_world.callbacks; }
 
     /// Has the host answer from this setting until what is returned goes. Checks need it.
     [[nodiscard]] standalone::WorldScope install() const { return standalone::WorldScope(m_world); }

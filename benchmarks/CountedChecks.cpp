@@ -10,6 +10,7 @@
 /// each way in which it can be asked; the names are the same whatever the size of the catalogue.
 
 #include "CheckSetting.h"
+#include "Counting.h"
 #include "Formulas.h"
 #include "LargeSettings.h"
 #include "MuParserReference.h"
@@ -30,33 +31,6 @@ namespace {
 
 using namespace qen::benchmarks;
 using qen::PreVariableDefStore;
-
-constexpr std::string_view k_countedDigits = "12345678";
-constexpr char k_warmUpDigit = '9';
-
-std::string withDigit(const char* p_text, char p_digit)
-{
-    std::string text = p_text;
-    text.at(changingDigit(text)) = p_digit;
-    return text;
-}
-
-/// Calls once uncounted, then counts one call for each digit, and dumps the count under a name.
-template <class Call>
-void count(const std::string& p_name, const char* p_text, const Call& p_call)
-{
-    p_call(withDigit(p_text, k_warmUpDigit));
-    std::array<std::string, k_countedDigits.size()> texts;
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        texts[i] = withDigit(p_text, k_countedDigits[i]);
-
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_START_INSTRUMENTATION;
-    for (const std::string& text : texts)
-        p_call(text);
-    CALLGRIND_STOP_INSTRUMENTATION;
-    CALLGRIND_DUMP_STATS_AT(p_name.c_str());
-}
 
 /// Short names and long ones of 20 variables that stand in each catalogue, whatever its size.
 constexpr std::array k_names {

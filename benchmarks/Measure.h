@@ -34,33 +34,33 @@ public:
 
     /// The two take turns, so that a change of the machine's speed hits both.
     template <class Ours, class Theirs>
-    static Times measure(const Formula& p_formula, const Ours& p_ours, const Theirs& p_theirs)
+    static Times measure(const Formula& p_formula, const Ours& p_ours, const Theirs& p_theirs,
+                         std::size_t p_callsPerRound = 200)
     {
         std::vector<double> ours;
         std::vector<double> theirs;
         for (std::size_t round = 0; round < k_rounds; ++round)
         {
-            ours.push_back(perCall(p_formula.expression, p_ours));
-            theirs.push_back(perCall(p_formula.plain, p_theirs));
+            ours.push_back(perCall(p_formula.expression, p_ours, p_callsPerRound));
+            theirs.push_back(perCall(p_formula.plain, p_theirs, p_callsPerRound));
         }
         return {median(ours), median(theirs)};
     }
 
 private:
     static constexpr std::size_t k_rounds = 41;
-    static constexpr std::size_t k_callsPerRound = 200;
 
     template <class Call>
-    static double perCall(std::string p_text, const Call& p_call)
+    static double perCall(std::string p_text, const Call& p_call, std::size_t p_calls)
     {
         const std::size_t digit = changingDigit(p_text);
         const auto begin = std::chrono::steady_clock::now();
-        for (std::size_t i = 0; i < k_callsPerRound; ++i)
+        for (std::size_t i = 0; i < p_calls; ++i)
         {
             p_text[digit] = static_cast<char>('1' + i % 9);
             p_call(p_text);
         }
-        return nanoseconds(std::chrono::steady_clock::now() - begin) / static_cast<double>(k_callsPerRound);
+        return nanoseconds(std::chrono::steady_clock::now() - begin) / static_cast<double>(p_calls);
     }
 };
 

@@ -10,8 +10,8 @@ QEN_BUILD_PACKAGES=(
 # What only the longer gates need: a second compiler, its tools, sanitizers, and the libraries that are measured against.
 # shellcheck disable=SC2034
 QEN_GATE_PACKAGES=(
-    ccache clang clang-format clang-tidy libbenchmark-dev libclang-rt-dev libmuparser-dev libudunits2-dev libyaml-cpp-dev
-    shellcheck valgrind)
+    ccache clang clang-format clang-tidy libbenchmark-dev libclang-rt-dev libfparser-dev libmuparser-dev libsbml5-dev
+    libudunits2-dev libyaml-cpp-dev shellcheck valgrind)
 
 step()
 {

@@ -21,33 +21,14 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 #include <set>
 #include <string>
 #include <utility>
 
-namespace {
-
-std::size_t s_depthInHost = 0;
-std::size_t s_blocksOutsideOfHost = 0;
-
-}    // namespace
-
-void* operator new(std::size_t p_bytes)
-{
-    if (s_depthInHost == 0)
-        ++s_blocksOutsideOfHost;
-    if (void* const memory = std::malloc(p_bytes != 0 ? p_bytes : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* p_memory) noexcept { std::free(p_memory); }
-void operator delete(void* p_memory, std::size_t) noexcept { std::free(p_memory); }
-
 namespace qen::support {
 namespace {
 
+std::size_t s_depthInHost = 0;
 std::vector<HostCall>* s_noted = nullptr;
 
 /// While one of these is there the program is in the host.
@@ -355,7 +336,7 @@ void noteCallsIn(std::vector<HostCall>& p_calls) { s_noted = &p_calls; }
 
 void noteNoCalls() { s_noted = nullptr; }
 
-std::size_t blocksOutsideOfHost() { return s_blocksOutsideOfHost; }
+bool isInHost() { return s_depthInHost != 0; }
 
 struct WatchedHost::Forwarders {
     Forwarders(const HostInterfaces& p_host)

@@ -6,8 +6,8 @@
 #include <vector>
 
 /// @file
-/// The border between the library and its host, watched from a program that links HostBorder.cpp: which calls the
-/// library makes, and what it takes from the heap itself.
+/// The border between the library and its host, watched from a program that links HostBorder.cpp and HostBorderHeap.cpp:
+/// which calls the library makes, and what it takes from the heap itself.
 ///
 /// The operations of `host/` that a check calls by name are defined again there, so that the program's definitions come
 /// before those of the standalone host, which they call. Interfaces are watched where the checker is given those of
@@ -44,6 +44,9 @@ using HostCall = std::function<void()>;
 /// Has the calls that come from the library noted behind the others, until the next `noteNoCalls`. The list must stay.
 void noteCallsIn(std::vector<HostCall>& p_calls);
 void noteNoCalls();
+
+/// Whether the program is in an operation of the host that is watched.
+bool isInHost();
 
 /// How many blocks the program has taken from the heap so far while it was not in the host.
 std::size_t blocksOutsideOfHost();

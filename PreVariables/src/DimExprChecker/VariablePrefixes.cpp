@@ -161,13 +161,12 @@ void checkScope(const Reference& p_reference, const Classification& p_classifica
 
 /// The place by which the prefixes of a variable of the object are judged: the object itself, or else the domain of that
 /// name in the object's flow.
-QCLPath contextOf(const std::string& p_objectPath, const std::string& p_domainName, bool p_useObjectContext)
+QCLPath contextOf(QCLPath p_object, const std::string& p_domainName, bool p_useObjectContext)
 {
-    QCLPath object(p_objectPath);
     QCLPath context;
-    context.push_back(modelpaths::k_flow, object.getName(0));
+    context.push_back(modelpaths::k_flow, p_object.getName(0));
     context.push_back(modelpaths::k_domain, p_domainName);
-    return p_useObjectContext && context.isParent(object) ? std::move(object) : std::move(context);
+    return p_useObjectContext && context.isParent(p_object) ? std::move(p_object) : std::move(context);
 }
 
 }    // namespace
@@ -175,8 +174,9 @@ QCLPath contextOf(const std::string& p_objectPath, const std::string& p_domainNa
 /// Empty where the object is in no domain: there, prefixes are not checked.
 QCLPath DimExprChecker::prefixContextOf(const std::string& p_objectPath)
 {
-    const std::string domainName = modelpaths::levelName(p_objectPath, modelpaths::k_domain);
-    return domainName.empty() ? QCLPath() : contextOf(p_objectPath, domainName, true);
+    QCLPath object(p_objectPath);
+    const std::string domainName = object.getSubPathByType(modelpaths::k_domain).getLastName();
+    return domainName.empty() ? QCLPath() : contextOf(std::move(object), domainName, true);
 }
 
 void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
