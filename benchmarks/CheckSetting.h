@@ -46,6 +46,8 @@ public:
     /// Has the host answer from this setting until what is returned goes. Checks need it.
     [[nodiscard]] standalone::WorldScope install() const { return standalone::WorldScope(m_world); }
 
+    DimExprChecker& checker() { return m_checker; }
+
     /// The full check of a formula's parameter with a text for its value.
     ///
     /// @return Whether nothing is wrong with it.

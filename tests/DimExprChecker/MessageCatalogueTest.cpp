@@ -141,7 +141,8 @@ TEST_P(CatalogueMessage, IsThrownAsItsClassWithItsPlaceholdersFilled)
     // When the row is raised, then class, origin and text are those of the message
     try
     {
-        messages::raiseRow(rowSaying(GetParam().text), values);
+        messages::raiseRow(rowSaying(GetParam().text),
+                           std::vector<messages::Value>(values.begin(), values.end()));
     }
     catch (const Error& thrown)
     {
@@ -223,7 +224,7 @@ TEST(MessageCatalogue, WarnsOfAValueTooManyAndStillThrows)
             messages::raiseRow(
                 rowSaying(
                     "Invalid units ('%1') set for parameter '%2' in object '%3'. Expected units: '%4'."),
-                {"m", "Speed", "/FLOW:F", "m s^-1", "one too many"});
+                std::vector<messages::Value> {"m", "Speed", "/FLOW:F", "m s^-1", "one too many"});
         }
         catch (const DimExprErrors::units_error& thrown)
         {

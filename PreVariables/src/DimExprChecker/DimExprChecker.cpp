@@ -11,6 +11,7 @@
 #include "QuantityModifier.h"
 #include "StringUtilities.h"
 #include "UnitDimensions.h"
+#include "UnitsConverter.h"
 
 namespace qen {
 
@@ -124,7 +125,7 @@ void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const s
 
     const bool expressionKind = m_rules->paramKind(p_objectPath, p_paramName, m_model) == k_expressionKind;
     if (!expressionKind)
-        checkParamUnits(p_objectPath, p_paramName, dims, true);
+        checkParamUnits(p_objectPath, p_paramName, UnitsConverter::instance().getBaseUnitName(dims), true);
 
     const bool singleValued = m_rules->isSingleValued(p_objectPath, p_paramName, m_model);
     checkCallbacksUsed(p_objectPath, p_paramName, !singleValued, callbacks);

@@ -5,8 +5,11 @@
 
 #include "DataError.h"
 #include "ExpressionsError.h"
+#include "StringUtilities.h"
+#include "UserMsg.h"
 
 #include <algorithm>
+#include <set>
 
 namespace qen {
 namespace {
@@ -22,34 +25,59 @@ constexpr ExpressionErrors::ErrorLevel levelOf(messages::Raises p_raises)
 
 namespace messages {
 
-void raiseRow(const Row& p_row, const std::vector<std::string>& p_values)
+namespace {
+
+/// The text of a message, of which the listener is told.
+std::string textOf(const Row& p_row, std::span<const Value> p_values)
 {
+    std::vector<std::string> values;
+    values.reserve(p_values.size());
+    for (const Value& value : p_values)
+        values.push_back(value.text());
+
     UserMsg message(p_row.text, nullptr);
-    for (const std::string& value : p_values)
+    for (const std::string& value : values)
         message.arg(value);
-    const std::string text = message;
 
     if (t_listener)
-        t_listener->onMessage(CheckMessages::all()[static_cast<std::size_t>(p_row.id)], p_values, text);
+        t_listener->onMessage(CheckMessages::all()[static_cast<std::size_t>(p_row.id)], values,
+                              message.str());
+    return message;
+}
 
+}    // namespace
+
+std::string Value::text() const
+{
+    if (m_names)
+        return StringUtilities::setToString(std::set<std::string>(m_names->begin(), m_names->end()), ',');
+    if (m_isUnits && m_text.empty())
+        return UserMsg("dimensionless");
+    return std::string(m_text);
+}
+
+// Nothing with a destructor lives here when the exception is thrown: each frame that has one costs as much as a throw.
+void raiseRow(const Row& p_row, std::span<const Value> p_values)
+{
     switch (p_row.raises)
     {
     case Raises::Warning:
-        throw DimExprErrors::dxwarning(text);
+        throw DimExprErrors::dxwarning(textOf(p_row, p_values));
     case Raises::Bounds:
-        throw DimExprErrors::bounds_error(text);
+        throw DimExprErrors::bounds_error(textOf(p_row, p_values));
     case Raises::Units:
-        throw DimExprErrors::units_error(text);
+        throw DimExprErrors::units_error(textOf(p_row, p_values));
     case Raises::DynamicQuantity:
-        throw DimExprErrors::dynamic_quant_error(text);
+        throw DimExprErrors::dynamic_quant_error(textOf(p_row, p_values));
     case Raises::InvalidBound:
-        throw data::error("DimExprChecker", "extractBoundValue", text, ErrorTypeError);
+        throw data::error("DimExprChecker", "extractBoundValue", textOf(p_row, p_values), ErrorTypeError);
     case Raises::Name:
-        throw expressions::name("SplitVariableName", "SplitVariableName", text, ErrorTypeError);
+        throw expressions::name("SplitVariableName", "SplitVariableName", textOf(p_row, p_values),
+                                ErrorTypeError);
     case Raises::Error:
         break;
     }
-    throw DimExprErrors::dxerror(text);
+    throw DimExprErrors::dxerror(textOf(p_row, p_values));
 }
 
 }    // namespace messages

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "StringUtilities.h"
-#include "UserMsg.h"
-
 #include <array>
 #include <cstddef>
-#include <set>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -464,33 +461,39 @@ static_assert(allRowsNameTheirPlaceholders());
 
 constexpr const Row& row(Msg p_id) { return k_catalogue[static_cast<std::size_t>(p_id)]; }
 
-/// Formats a row, tells the listener, throws. Never returns.
-[[noreturn]] void raiseRow(const Row& p_row, const std::vector<std::string>& p_values);
-
 /// Units as a message shows them: the empty text is the word "dimensionless".
 struct ShownUnits {
     const std::string& units;
 };
 
-inline std::string placeholderText(const std::string& p_text) { return p_text; }
+/// What fills a placeholder: a text, units, or names, which are shown sorted, each once. Refers to what it is made of, so
+/// that nothing is left to be destroyed in the frames that an exception passes.
+class Value {
+public:
+    Value(std::string_view p_text) : m_text(p_text) {}
+    Value(const std::string& p_text) : m_text(p_text) {}
+    Value(const char* p_text) : m_text(p_text) {}
+    Value(const std::vector<std::string>& p_names) : m_names(&p_names) {}
+    Value(ShownUnits p_units) : m_text(p_units.units), m_isUnits(true) {}
 
-inline std::string placeholderText(ShownUnits p_units)
-{
-    return p_units.units.empty() ? UserMsg("dimensionless").str() : p_units.units;
-}
+    std::string text() const;
 
-/// A sequence of names is shown sorted, each name once.
-inline std::string placeholderText(const std::vector<std::string>& p_names)
-{
-    return StringUtilities::setToString(std::set<std::string>(p_names.begin(), p_names.end()), ',');
-}
+private:
+    std::string_view m_text;
+    bool m_isUnits = false;
+    const std::vector<std::string>* m_names = nullptr;
+};
+
+/// Formats a row, tells the listener, throws. Never returns.
+[[noreturn]] void raiseRow(const Row& p_row, std::span<const Value> p_values);
 
 /// The message function of a row. Takes one value per placeholder, in their order: a text, units or a list of names.
 template <Msg Id, class... Values>
 [[noreturn]] void raise(const Values&... p_values)
 {
     static_assert(sizeof...(Values) == placeholderCount(row(Id)), "one value per placeholder");
-    raiseRow(row(Id), {placeholderText(p_values)...});
+    const std::array<Value, sizeof...(Values)> values {Value(p_values)...};
+    raiseRow(row(Id), values);
 }
 
 }    // namespace qen::messages
