@@ -4,12 +4,9 @@
 #include "PreVariablesApi.h"
 #include "VariablePrefixInfo.h"
 
-#include <array>
-#include <cstddef>
 #include <map>
 #include <set>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -127,6 +124,8 @@ private:
     // Prefixes and additional variables.
     static QCLPath prefixContextOf(const std::string& p_objectPath);
     void checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
+                               const SplitVariableName& p_name);
+    void checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
                                const std::string& p_domainName, const SplitVariableName& p_name,
                                bool p_useObjectContext);
     void checkPrefixesAt(const QCLPath& p_contextPath, const std::string& p_objectPath,
@@ -134,12 +133,7 @@ private:
     void checkAVPrefix(const std::string& p_objectPath, const std::string& p_paramName,
                        const QCLPath& p_contextPath, const SplitVariableName& p_name,
                        const VariablePrefixInfo::Classification& p_classification);
-    struct AVModels {
-        std::array<const std::string*, 2>
-            models {};    // the levels of a domain that define an additional variable
-        std::size_t count = 0;
-    };
-    AVModels findDomainAVModels(const std::string& p_domainPath, std::string_view p_avName);
+    std::vector<std::string> findDomainAVPath(const std::string& p_domainPath, const std::string& p_avName);
 
     // What the physics provides.
     void checkVariableAvailability(const std::string& p_objectPath, const std::string& p_paramName,

@@ -65,11 +65,11 @@ public:
     bool isPhysicallyAvailable(const SplitVariableName& p_name, const std::vector<std::string>& p_keys,
                                const std::string& p_objectPath) const;
 
-    /// The same of the keywords that the definition of the variable has.
+    /// Whether every keyword of the variable's definition holds at a place, in the definition's order.
     ///
     /// @throws data::notFound  No variable has the name of the root, or its record is not there yet.
-    bool isPhysicallyAvailable(const SplitVariableName& p_name, const PreVariableDefStore& p_definitions,
-                               const std::string& p_objectPath) const;
+    bool isAvailableAsDefined(const SplitVariableName& p_name, const PreVariableDefStore& p_definitions,
+                              const std::string& p_objectPath) const;
 
     /// All keywords that are known, in ascending order.
     std::vector<std::string> supportedPhysAvailChecks() const;

@@ -107,7 +107,21 @@ TEST_F(CallbackQuestions, OfRbstateEndWithTheRigidBodiesAndTheDomains)
                             "model.childNames(/FLOW:F/TRANSIENT BLADE ROW MODELS, TIME TRANSFORMATION)",
                             "names.splitCallbackName(rbstate)", "locators.isModelObject(F, Hull)",
                             "model.childNames(/FLOW:F, RIGID BODY)", "model.childPaths(/FLOW:F, DOMAIN)",
+                            "model.paramValue(/FLOW:F/DOMAIN:Duct/DOMAIN MODELS/DOMAIN MOTION, Option)",
                             "model.paramValue(/FLOW:F/DOMAIN:Hull/DOMAIN MODELS/DOMAIN MOTION, Option)"));
+}
+
+TEST_F(CallbackQuestions, OfRbstateAskForTheDomainsAlsoWhereTheLocatorIsARigidBody)
+{
+    m_duct.host.object("/FLOW:F/RIGID BODY:Buoy");
+    m_duct.host.locator("F", "Buoy");
+
+    EXPECT_TRUE(m_duct.checkCall({"rbstate", "Buoy", "Position X"}));
+
+    EXPECT_THAT(
+        m_duct.host.callsTo({"model.childNames(/FLOW:F, RIGID", "model.childPaths", "model.paramValue"}),
+        ElementsAre("model.childNames(/FLOW:F, RIGID BODY)", "model.childPaths(/FLOW:F, DOMAIN)",
+                    "model.paramValue(/FLOW:F/DOMAIN:Duct/DOMAIN MODELS/DOMAIN MOTION, Option)"));
 }
 
 TEST_F(CallbackQuestions, OfACallWithoutAnArgumentEndWithTheFunction)

@@ -10,9 +10,7 @@
 #include "QCLPath.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace qen {
@@ -26,8 +24,8 @@ constexpr const char* k_porous = "Porous";
 
 }    // namespace
 
-DimExprChecker::AVModels DimExprChecker::findDomainAVModels(const std::string& p_domainPath,
-                                                            std::string_view p_avName)
+std::vector<std::string> DimExprChecker::findDomainAVPath(const std::string& p_domainPath,
+                                                          const std::string& p_avName)
 {
     const ModelPaths paths(m_pathText);
     const std::string domainType = m_model->paramValue(p_domainPath, modelpaths::k_domainType);
@@ -35,10 +33,11 @@ DimExprChecker::AVModels DimExprChecker::findDomainAVModels(const std::string& p
     const std::string& models =
         isPorous || domainType == "Solid" ? modelpaths::k_solidModels : modelpaths::k_fluidModels;
 
-    AVModels found;
+    std::vector<std::string> found;
     const auto addIfDefined = [&](const std::string& p_models) {
-        if (m_model->objectExists(paths.domainAV(p_domainPath, p_models, p_avName)))
-            found.models[found.count++] = &p_models;
+        const std::string& path = paths.domainAV(p_domainPath, p_models, p_avName);
+        if (m_model->objectExists(path))
+            found.push_back(path);
     };
     addIfDefined(models);
     if (isPorous)
@@ -59,9 +58,9 @@ void DimExprChecker::checkAVPrefix(const std::string& p_objectPath, const std::s
     const std::string domainName = domain.getLastName();
     const std::string& domainPath = domain.getFullPath();
     const ModelPaths paths(m_pathText);
-    const std::string_view avName = additionalVariableName(*m_model, p_name.root().name(), paths);
-    const AVModels definitions = findDomainAVModels(domainPath, avName);
-    if (definitions.count == 0)
+    const std::string avName(additionalVariableName(*m_model, p_name.root().name(), paths));
+    const std::vector<std::string> definitions = findDomainAVPath(domainPath, avName);
+    if (definitions.empty())
         raise<Msg::AVNotInDomain>(fullName, p_paramName, p_objectPath, domainName);
 
     const auto isDefinedIn = [&](const std::string& p_models) {
@@ -74,11 +73,10 @@ void DimExprChecker::checkAVPrefix(const std::string& p_objectPath, const std::s
     // Deliberate: every definition is judged, so that a porous domain whose solids and fluids define the variable
     // refuses a solid prefix when the definition of the fluids, which comes second, is fluid-dependent.
     // Held by AVPrefix.SolidPrefixIsRefusedWhereTheFluidsDefineItFluidDependently.
-    for (std::size_t i = 0; i < definitions.count; ++i)
+    for (const std::string& definition : definitions)
     {
         const bool fluidDependent =
-            m_model->paramValue(paths.domainAV(domainPath, *definitions.models[i], avName),
-                                modelpaths::k_option) == "Fluid Dependent";
+            m_model->paramValue(definition, modelpaths::k_option) == "Fluid Dependent";
         const bool porous = m_model->paramValue(domainPath, modelpaths::k_domainType) == k_porous;
         // Deliberate: the fluids are asked for as well, though none of the rules below looks at them.
         // Held by AVPrefixQuestions.InAFluidDomainAreThese.

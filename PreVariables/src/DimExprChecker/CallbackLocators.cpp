@@ -7,7 +7,6 @@
 #include "QCLPath.h"
 #include "StringUtilities.h"
 
-#include <algorithm>
 #include <set>
 #include <utility>
 #include <vector>
@@ -41,16 +40,11 @@ bool CallbackLocators::isRigidBody(const std::string& p_locator) const
 {
     const std::vector<std::string> bodies =
         m_model.childNames(m_paths.flow(m_flowName), modelpaths::k_rigidBody);
-    if (std::find(bodies.begin(), bodies.end(), p_locator) != bodies.end())
-        return true;
-
-    const std::vector<std::string> domains =
-        m_model.childPaths(m_paths.flow(m_flowName), modelpaths::k_domain);
-    return std::any_of(domains.begin(), domains.end(), [&](const std::string& p_domain) {
-        return QCLPath(p_domain).getLastName() == p_locator &&
-               m_model.paramValue(m_paths.domainMotion(p_domain), modelpaths::k_option) ==
-                   "Rigid Body Solution";
-    });
+    std::set<std::string> rigid(bodies.begin(), bodies.end());
+    for (const std::string& domain : m_model.childPaths(m_paths.flow(m_flowName), modelpaths::k_domain))
+        if (m_model.paramValue(m_paths.domainMotion(domain), modelpaths::k_option) == "Rigid Body Solution")
+            rigid.insert(QCLPath(domain).getLastName());
+    return rigid.contains(p_locator);
 }
 
 std::string CallbackLocators::domainOfMonitorPoint(const QCLPath& p_monitorPoint) const
@@ -71,7 +65,8 @@ std::string CallbackLocators::domainOfMonitorPoint(const QCLPath& p_monitorPoint
     // The same physics everywhere: the first domain, in the model's order, stands for all.
     const std::string constantPhysics =
         m_model.paramValue(modelpaths::k_physicsOptions, modelpaths::k_constantPhysicsControl);
-    return StringUtilities::stringToBool(constantPhysics) ? std::move(domains.front()) : std::string();
+    const bool isConstant = !constantPhysics.empty() && StringUtilities::stringToBool(constantPhysics);
+    return isConstant ? std::move(domains.front()) : std::string();
 }
 
 }    // namespace qen

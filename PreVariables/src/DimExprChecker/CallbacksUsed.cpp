@@ -192,12 +192,11 @@ void DimExprChecker::checkCallbacksUsed(const std::string& p_objectPath, const s
                                         bool p_fieldValuedAllowed,
                                         const std::vector<CallbackInfo>& p_callbacks)
 {
-    if (p_callbacks.empty())
-        return;
-
     // Deliberate: outside a flow no call is looked at. Held by Callback.OutsideAFlowIsNotLookedAt.
     const std::string flowName = modelpaths::levelName(p_objectPath, modelpaths::k_flow);
     if (flowName.empty())
+        return;
+    if (p_callbacks.empty())
         return;
 
     const ModelPaths paths(m_pathText);

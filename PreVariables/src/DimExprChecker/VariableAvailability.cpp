@@ -46,7 +46,7 @@ void DimExprChecker::checkVariableAvailability(const std::string& p_objectPath,
 
     if (!modelpaths::levelName(p_objectPath, modelpaths::k_domain).empty())
         for (const SplitVariableName& name : p_splitNames)
-            if (!m_availabilityChecker->isPhysicallyAvailable(name, *m_varDefStore, p_objectPath))
+            if (!m_availabilityChecker->isAvailableAsDefined(name, *m_varDefStore, p_objectPath))
                 unavailable.push_back(name.root().name());
 
     if (!unavailable.empty())

@@ -180,6 +180,13 @@ QCLPath DimExprChecker::prefixContextOf(const std::string& p_objectPath)
 }
 
 void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
+                                           const SplitVariableName& p_name)
+{
+    if (const QCLPath context = prefixContextOf(p_objectPath); !context.empty())
+        checkPrefixesAt(context, p_objectPath, p_paramName, p_name);
+}
+
+void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
                                            const std::string& p_domainName, const SplitVariableName& p_name,
                                            bool p_useObjectContext)
 {

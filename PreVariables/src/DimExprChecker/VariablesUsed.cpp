@@ -123,13 +123,14 @@ void DimExprChecker::checkVariablesUsed(const std::string& p_objectPath, const s
                                                                 k_noVariables) != dependencies.end()))
         raise<Msg::VariablesNotAllowed>(p_paramName, p_objectPath);
 
-    const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_pathText));
-    const QCLPath prefixContext = p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);
+    const QCLPath prefixContext =
+        p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);    // of every name
     std::vector<std::string> fieldValuedNames;
     std::vector<SplitVariableName> splitNames;
     splitNames.reserve(p_variableNames.size());
     for (const std::string& variableName : p_variableNames)
     {
+        const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_pathText));
         SplitVariableName name(variableName, &rootFinder);
 
         checkIsScalarVariable(p_objectPath, p_paramName, name);

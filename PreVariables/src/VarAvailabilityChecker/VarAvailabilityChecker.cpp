@@ -72,9 +72,9 @@ bool VarAvailabilityChecker::isPhysicallyAvailable(const SplitVariableName&,
                                [&](const std::string& p_key) { return doCheck(p_key, p_objectPath); });
 }
 
-bool VarAvailabilityChecker::isPhysicallyAvailable(const SplitVariableName& p_name,
-                                                   const PreVariableDefStore& p_definitions,
-                                                   const std::string& p_objectPath) const
+bool VarAvailabilityChecker::isAvailableAsDefined(const SplitVariableName& p_name,
+                                                  const PreVariableDefStore& p_definitions,
+                                                  const std::string& p_objectPath) const
 {
     const auto& keys = p_definitions.variableData(p_name.root().name()).physicalAvailability;
     return std::ranges::all_of(keys, [&](PreVariableDefStore::ValueIndex p_key) {
