@@ -33,9 +33,9 @@ private:
     /// @return Whether it was there.
     bool remove(std::string_view p_name)
     {
-        const auto equal = std::ranges::equal_range(m_names, p_name);
-        const bool found = !equal.empty();
-        m_names.erase(equal.begin(), equal.end());
+        const auto [first, last] = std::equal_range(m_names.begin(), m_names.end(), p_name);
+        const bool found = first != last;
+        m_names.erase(first, last);
         return found;
     }
 
