@@ -1,5 +1,6 @@
 #pragma once
 
+#include "checking/CheckedModel.h"
 #include "definitions/Definitions.h"
 #include "locators/ModelLocators.h"
 #include "model/ModelTree.h"
@@ -49,6 +50,7 @@ private:
     const Definitions& m_definitions;
     ReadGraph* m_reads;
     ModelTree m_model;
+    CheckedModel m_checkedModel;
     World m_world;
     PrefixClassifier m_prefixes;
     ModelLocators m_locators;
