@@ -2,6 +2,7 @@
 
 #include "checking/CheckedModel.h"
 #include "definitions/Definitions.h"
+#include "expressions/KeptExpressions.h"
 #include "locators/ModelLocators.h"
 #include "model/ModelTree.h"
 #include "model/ReadGraph.h"
@@ -51,6 +52,7 @@ private:
     ReadGraph* m_reads;
     ModelTree m_model;
     CheckedModel m_checkedModel;
+    KeptExpressions m_expressions;
     World m_world;
     PrefixClassifier m_prefixes;
     ModelLocators m_locators;
