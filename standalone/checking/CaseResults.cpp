@@ -13,7 +13,11 @@
 namespace qen::standalone {
 namespace {
 
-constexpr std::string_view k_missingValue = "missing-value";
+/// Whether a finding is about a value that is empty.
+bool isOfNoValue(const ParameterFinding& p_finding)
+{
+    return p_finding.identifier == "missing-value" || p_finding.identifier == "bad-named-expression";
+}
 
 /// Which values the reader refused, so that there are none although the text has some.
 class RefusedValues {
@@ -173,7 +177,7 @@ void CaseResults::addParameters(const QclDocument& p_text, std::vector<Finding>&
             if (const auto found = results->second.find(std::string(parameter.name));
                 found != results->second.end())
                 for (const ParameterFinding& finding : found->second)
-                    if (finding.identifier != k_missingValue || !refused.include(parameter))
+                    if (!isOfNoValue(finding) || !refused.include(parameter))
                         p_findings.push_back(placed(finding, parameter, p_text));
     }
 }

@@ -162,6 +162,7 @@ TEST(CaseChecker, LeavesItToTheReaderToSayWhyAValueIsMissing)
     EXPECT_THAT(check("Length = \x01 1 [m]\n").findings, IsEmpty());
     EXPECT_THAT(check("Length = 1 [m] + \\\n  2 [m] + \\\n").findings, IsEmpty());
     EXPECT_THAT(check("Lengths = 1 [m], \\  \n  \x01, \\\n 2 [m]\n").findings, IsEmpty());
+    EXPECT_THAT(check("Length = 1 [m]\n[/LIBRARY/QEL/EXPRESSIONS]\nPart = 2 * \\\n").findings, IsEmpty());
 
     // Then a value that is missing is told all the same, though there is a problem behind it
     EXPECT_THAT(check("Length =\nno parameter\n").findings,
