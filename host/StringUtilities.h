@@ -11,7 +11,8 @@ namespace qen {
 /// Texts, lists and numbers as the host writes them. Defined by the host.
 class QEN_HOST_API StringUtilities {
 public:
-    /// Reads a number, optionally followed by units in square brackets.
+    /// Reads a number, optionally followed by units in square brackets. Blanks around the number and the units do not
+    /// count. Infinity, "nan" and what is beyond single precision are no numbers.
     ///
     /// @param p_isNumber  Set to whether the whole text is one number with or without units.
     /// @param p_number    Set to the number's text.
@@ -20,9 +21,12 @@ public:
     static float valueAsFloat(const std::string& p_text, bool& p_isNumber, std::string& p_number,
                               std::string& p_units);
 
-    /// The items of a list value; none for an empty text.
+    /// The items of a list value, without blanks at their ends; none for a blank text. What stands between two
+    /// separators is an item even when it is empty. A separator within brackets, round, square or curly, parts nothing.
     static std::vector<std::string> splitValue(const std::string& p_text, char p_separator);
 
+    /// The pieces between separators, in brackets or not, without blanks at their ends; none for a blank text. Empty
+    /// pieces count.
     static std::vector<std::string> stringToVector(const std::string& p_text, char p_separator);
     static std::set<std::string> stringToSet(const std::string& p_text, char p_separator);
 

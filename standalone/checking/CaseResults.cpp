@@ -3,12 +3,56 @@
 #include "checking/ModelFindings.h"
 #include "checking/NameFindings.h"
 
+#include <algorithm>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
 
 namespace qen::standalone {
+namespace {
+
+/// Whether a finding is about a value that is empty.
+bool isOfNoValue(const ParameterFinding& p_finding)
+{
+    return p_finding.identifier == "missing-value" || p_finding.identifier == "bad-named-expression";
+}
+
+/// Which values the reader refused, so that there are none although the text has some.
+class RefusedValues {
+public:
+    explicit RefusedValues(const QclDocument& p_text) : m_text(p_text)
+    {
+        for (const Diagnostic& problem : p_text.problems)
+            m_problems.push_back(problem.place);
+        std::ranges::sort(m_problems);
+    }
+
+    /// Whether a problem stands on a line of the parameter, or on one on which its value continues.
+    bool include(const QclParameter& p_parameter) const
+    {
+        const SourceFile& file = m_text.files[p_parameter.place.file];
+        SourcePlace end = p_parameter.place;
+        while (continues(file.line(end.line)))
+            ++end.line;
+        const SourcePlace begin {p_parameter.place.file, p_parameter.place.line, 0};
+        const auto first = std::ranges::lower_bound(m_problems, begin);
+        return first != m_problems.end() && first->file == end.file && first->line <= end.line;
+    }
+
+private:
+    static bool continues(std::string_view p_line)
+    {
+        const std::size_t last = p_line.find_last_not_of(" \t");
+        return last != std::string_view::npos && p_line[last] == '\\';
+    }
+
+    const QclDocument& m_text;
+    std::vector<SourcePlace> m_problems;
+};
+
+}    // namespace
 
 void CaseResults::set(const CaseParameter& p_parameter, ParameterFindings p_findings)
 {
@@ -46,6 +90,7 @@ CaseReport CaseResults::report(const QclDocument& p_text)
     for (const QclObject& object : p_text.objects)
         report.parameters += object.parameters.size();
 
+    addEmptyCase(p_text, report.findings);
     addPaths(p_text, report.findings);
     addRepeatedLocators(p_text, report.findings);
     addParameters(p_text, report.findings);
@@ -63,15 +108,30 @@ const CaseResults::PathFindings& CaseResults::findingsOfPath(const std::string& 
                 findUnknownLevel(p_objectPath, m_case.definitions().rules()))
             known->second.ofRules.push_back(std::move(*unknown));
         known->second.ofNames = findUnwritableNames(p_objectPath);
+        if (std::optional<ObjectFinding> hidden = findHiddenName(p_objectPath, m_case.world()))
+            known->second.ofNames.push_back(std::move(*hidden));
     }
     return known->second;
+}
+
+/// That there is nothing to check; where the text has problems, they say why.
+void CaseResults::addEmptyCase(const QclDocument& p_text, std::vector<Finding>& p_findings)
+{
+    if (!p_text.objects.empty() || !p_text.problems.empty() || p_text.files.empty())
+        return;
+    Finding finding;
+    finding.severity = Severity::Warning;
+    finding.identifier = "empty-case";
+    finding.message = "The case holds no object.";
+    finding.file = p_text.files.front().path;
+    p_findings.push_back(std::move(finding));
 }
 
 /// What is wrong with the levels of paths, each where it comes first.
 void CaseResults::addPaths(const QclDocument& p_text, std::vector<Finding>& p_findings)
 {
     std::unordered_set<std::string_view> toldByRules;
-    std::unordered_set<std::string_view> toldByNames;
+    std::set<std::pair<std::string_view, std::string_view>> toldByNames;
     for (const QclObject& object : p_text.objects)
     {
         const PathFindings& found = findingsOfPath(object.path);
@@ -79,7 +139,7 @@ void CaseResults::addPaths(const QclDocument& p_text, std::vector<Finding>& p_fi
             if (toldByRules.insert(finding.subject).second)
                 p_findings.push_back(placed(finding, object, p_text));
         for (const ObjectFinding& finding : found.ofNames)
-            if (toldByNames.insert(finding.subject).second)
+            if (toldByNames.insert({finding.subject, finding.identifier}).second)
                 p_findings.push_back(placed(finding, object, p_text));
     }
 }
@@ -107,6 +167,7 @@ void CaseResults::addParameters(const QclDocument& p_text, std::vector<Finding>&
 {
     if (m_parameters.empty())
         return;
+    const RefusedValues refused(p_text);
     for (const QclObject& object : p_text.objects)
     {
         const auto results = m_parameters.find(object.path);
@@ -116,7 +177,8 @@ void CaseResults::addParameters(const QclDocument& p_text, std::vector<Finding>&
             if (const auto found = results->second.find(std::string(parameter.name));
                 found != results->second.end())
                 for (const ParameterFinding& finding : found->second)
-                    p_findings.push_back(placed(finding, parameter, p_text));
+                    if (!isOfNoValue(finding) || !refused.include(parameter))
+                        p_findings.push_back(placed(finding, parameter, p_text));
     }
 }
 

@@ -39,6 +39,7 @@ private:
     };
 
     const PathFindings& findingsOfPath(const std::string& p_objectPath);
+    static void addEmptyCase(const QclDocument& p_text, std::vector<Finding>& p_findings);
     void addPaths(const QclDocument& p_text, std::vector<Finding>& p_findings);
     void addRepeatedLocators(const QclDocument& p_text, std::vector<Finding>& p_findings);
     void addParameters(const QclDocument& p_text, std::vector<Finding>& p_findings) const;

@@ -6,8 +6,9 @@
 namespace qen::standalone {
 
 CaseWorld::CaseWorld(const Definitions& p_definitions, ReadGraph* p_reads)
-    : m_definitions(p_definitions), m_reads(p_reads), m_prefixes(m_model, p_reads),
-      m_locators(m_model, p_reads), m_shortNames(p_definitions.variables()),
+    : m_definitions(p_definitions), m_reads(p_reads), m_checkedModel(m_model, p_definitions.rules()),
+      m_expressions(m_model, p_reads), m_prefixes(m_model, p_reads), m_locators(m_model, p_reads),
+      m_shortNames(p_definitions.variables()),
       m_physics(
           p_definitions.physics(), m_model, [this] { return m_model.version(); }, p_reads),
       m_availability(&m_model, &m_shortNames, &m_physics), m_physicsChanges(m_model, p_definitions.physics()),
@@ -18,6 +19,7 @@ CaseWorld::CaseWorld(const Definitions& p_definitions, ReadGraph* p_reads)
     m_world.callbacks = &p_definitions.callbacks();
     m_world.rules = &p_definitions.rules();
     m_world.model = &m_model;
+    m_world.expressions = &m_expressions;
 
     m_physicsChanges.attach(m_availability);
     if (m_reads)
@@ -35,7 +37,7 @@ CaseWorld::~CaseWorld()
 
 DimExprChecker CaseWorld::makeChecker() const
 {
-    return DimExprChecker(&m_model, &m_definitions.rules(), &m_definitions.rules(),
+    return DimExprChecker(&m_checkedModel, &m_definitions.rules(), &m_definitions.rules(),
                           &m_definitions.variables(), &m_prefixes, &m_availability, &m_locators,
                           &m_definitions.callbacks());
 }

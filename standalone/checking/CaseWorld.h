@@ -1,6 +1,8 @@
 #pragma once
 
+#include "checking/CheckedModel.h"
 #include "definitions/Definitions.h"
+#include "expressions/KeptExpressions.h"
 #include "locators/ModelLocators.h"
 #include "model/ModelTree.h"
 #include "model/ReadGraph.h"
@@ -49,6 +51,8 @@ private:
     const Definitions& m_definitions;
     ReadGraph* m_reads;
     ModelTree m_model;
+    CheckedModel m_checkedModel;
+    KeptExpressions m_expressions;
     World m_world;
     PrefixClassifier m_prefixes;
     ModelLocators m_locators;

@@ -11,6 +11,7 @@
 #include "StringUtilities.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -37,6 +38,13 @@ public:
         : m_offset(p_offset), m_definitions(p_definitions), m_world(p_world), m_findings(p_findings)
     {}
 
+    void check(const std::string& p_expression, const QelResult& p_result, const std::string& p_of)
+    {
+        checkReferences(p_result);
+        checkValue(p_expression, p_result, p_of);
+    }
+
+private:
     void checkReferences(const QelResult& p_result)
     {
         const std::vector<QelReference>& references = p_result.references;
@@ -62,7 +70,27 @@ public:
         }
     }
 
-private:
+    /// What a named expression lacks is told where it stands.
+    void checkValue(const std::string& p_expression, const QelResult& p_result, const std::string& p_of)
+    {
+        if (isFinite(p_result) ||
+            std::ranges::any_of(p_result.references, [&](const QelReference& p_reference) {
+                return p_reference.kind == Kind::NamedExpression &&
+                       !isFinite(analyseExpression(p_reference.name, m_world));
+            }))
+            return;
+        add({0, p_expression.size()}, "value-not-finite",
+            "The value of " + p_of +
+                " is not a finite number. Expected one of at most 3.4e38 in base units.");
+    }
+
+    /// Whether the value, where it is known, is a number in single precision.
+    static bool isFinite(const QelResult& p_result)
+    {
+        return p_result.error || !p_result.constantValue ||
+               std::isfinite(static_cast<float>(*p_result.constantValue));
+    }
+
     void checkComponents(const QelReference& p_reference)
     {
         std::vector<QELName::Component> components;
@@ -150,7 +178,8 @@ void addExpressionFindings(const CaseParameter& p_parameter, const Definitions& 
     {
         const QelResult result = analyseExpression(item.text, p_world, true);
         if (!result.error)    // told by the library
-            ExpressionFindings(item.range.offset, p_definitions, p_world, p_findings).checkReferences(result);
+            ExpressionFindings(item.range.offset, p_definitions, p_world, p_findings)
+                .check(item.text, result, p_parameter.described());
     }
 }
 
@@ -163,7 +192,8 @@ void addNamedExpressionFindings(const CaseParameter& p_expression, const Definit
             atValue(Severity::Error, result.error->range, "bad-named-expression",
                     "The named expression '" + p_expression.name + "' is bad: " + result.error->message));
     else
-        ExpressionFindings(0, p_definitions, p_world, p_findings).checkReferences(result);
+        ExpressionFindings(0, p_definitions, p_world, p_findings)
+            .check(p_expression.value, result, "the named expression '" + p_expression.name + "'");
 }
 
 }    // namespace qen::standalone

@@ -7,7 +7,7 @@
 namespace qen::standalone {
 
 /// Adds what the library does not look at in the expressions of a parameter: the number of arguments of callback
-/// functions, components and coordinate frames that do not exist.
+/// functions, components and coordinate frames that do not exist, values that are known and not finite.
 void addExpressionFindings(const CaseParameter& p_parameter, const Definitions& p_definitions,
                            const World& p_world, ParameterFindings& p_findings);
 

@@ -2,6 +2,7 @@
 
 #include "checking/ValueItems.h"
 #include "text/NearestName.h"
+#include "units/UnitSystem.h"
 
 #include "QCLParam.h"
 #include "QCLPath.h"
@@ -20,9 +21,9 @@ constexpr std::string_view k_logical = "Logical";
 constexpr std::string_view k_integer = "Integer";
 constexpr std::string_view k_listEnding = " List";
 
-constexpr std::array<std::string_view, 20> k_logicalTexts {
-    "T", "True", "TRUE",  "true",  "Yes",   "YES", "yes", "On", "ON",  "on",
-    "1", "F",    "False", "FALSE", "false", "No",  "NO",  "no", "Off", "off"};
+constexpr std::array<std::string_view, 22> k_logicalTexts {
+    "T", "True",  "TRUE",  "true",  "Yes", "YES", "yes", "On",  "ON",  "on",  "1",
+    "F", "False", "FALSE", "false", "No",  "NO",  "no",  "Off", "OFF", "off", "0"};
 
 bool endsWith(std::string_view p_text, std::string_view p_ending)
 {
@@ -73,9 +74,9 @@ ObjectFinding unknownLevel(const RuleBook& p_rules, const QCLPath& p_parent, con
 class RuleFindings {
 public:
     RuleFindings(const CaseParameter& p_parameter, const ModelTree& p_model, const RuleBook& p_rules,
-                 ParameterFindings& p_findings)
+                 const UnitSystem& p_units, ParameterFindings& p_findings)
         : m_parameter(p_parameter), m_of("of " + p_parameter.described()), m_model(p_model), m_rules(p_rules),
-          m_findings(p_findings)
+          m_units(p_units), m_findings(p_findings)
     {}
 
     void run()
@@ -99,6 +100,7 @@ private:
             return;    // the object takes any parameter
 
         checkDynamicUnits(p_rule);
+        checkUnitsOfAdditionalVariable();
 
         const bool list = endsWith(p_rule.type, k_listEnding);
         const bool numeric = isNumeric();
@@ -138,6 +140,19 @@ private:
                           " are not known, so that its value cannot be checked. Expected units that "
                           "are understood at '" +
                           p_rule.unitsFrom + "'.");
+    }
+
+    /// Where expressions use the variable, they are told of its units too; nothing else looks at them.
+    void checkUnitsOfAdditionalVariable()
+    {
+        std::string reason;
+        if (m_parameter.name != "Units" ||
+            !m_parameter.objectPath.starts_with("/LIBRARY/ADDITIONAL VARIABLE:") ||
+            m_units.parse(m_parameter.value, &reason))
+            return;
+        addAtValue({0, m_parameter.value.size()}, "units-not-understood",
+                   "The units '" + shortened(m_parameter.value) + "' " + m_of +
+                       " are not understood: " + reason + ".");
     }
 
     void checkTextItem(const ParameterRule& p_rule, const ValueItem& p_item)
@@ -201,6 +216,7 @@ private:
     const std::string m_of;
     const ModelTree& m_model;
     const RuleBook& m_rules;
+    const UnitSystem& m_units;
     ParameterFindings& m_findings;
 };
 
@@ -229,9 +245,9 @@ std::optional<ObjectFinding> findUnknownLevel(const std::string& p_objectPath, c
 }
 
 void addRuleFindings(const CaseParameter& p_parameter, const ModelTree& p_model, const RuleBook& p_rules,
-                     ParameterFindings& p_findings)
+                     const UnitSystem& p_units, ParameterFindings& p_findings)
 {
-    RuleFindings(p_parameter, p_model, p_rules, p_findings).run();
+    RuleFindings(p_parameter, p_model, p_rules, p_units, p_findings).run();
 }
 
 }    // namespace qen::standalone

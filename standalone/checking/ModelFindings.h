@@ -3,6 +3,7 @@
 #include "checking/CaseFinding.h"
 #include "model/ModelTree.h"
 #include "rules/RuleBook.h"
+#include "units/UnitSystem.h"
 
 #include <optional>
 #include <string>
@@ -18,6 +19,6 @@ std::optional<ObjectFinding> findUnknownLevel(const std::string& p_objectPath, c
 
 /// What is wrong with a parameter of an object that the rules know.
 void addRuleFindings(const CaseParameter& p_parameter, const ModelTree& p_model, const RuleBook& p_rules,
-                     ParameterFindings& p_findings);
+                     const UnitSystem& p_units, ParameterFindings& p_findings);
 
 }    // namespace qen::standalone

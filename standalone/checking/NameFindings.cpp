@@ -35,6 +35,25 @@ constexpr const char* k_expectedName =
     "Expected words of letters, digits and '_', parted by single blanks, the first "
     "of which begins with a letter.";
 
+/// What keeps the name of an object from being written where expressions mention such objects: the end of a sentence
+/// that begins with it, and what is expected; an empty text for nothing.
+std::string unwritable(const std::string& p_objectPath, const std::string& p_type, const std::string& p_name)
+{
+    if (p_name.empty())
+        return {};
+    if (isWrittenInExpressions(p_type))
+        return isQelName(p_name) ? "" : std::string("cannot be written in an expression. ") + k_expectedName;
+    if (p_type == "COORDINATE FRAME")
+        return isQelFrameName(p_name) ? ""
+                                      : "cannot be written in an expression. Expected a name without any of "
+                                        "( ) * / + - ^ [ ] { }.";
+    if (isLocatorType(p_type) && p_objectPath.starts_with("/FLOW:"))
+        return isQelLocatorName(p_name)
+                   ? ""
+                   : "cannot be written behind '@' in an expression. Expected a name without '('.";
+    return {};
+}
+
 /// What hides a named expression, where the library's own checks do not say so; an empty text for nothing.
 const char* hiddenBy(const std::string& p_name, const World& p_world)
 {
@@ -65,20 +84,48 @@ std::vector<ObjectFinding> findUnwritableNames(const std::string& p_objectPath)
         const std::string type = path.getType(level);
         const std::string name = path.getName(level);
         const std::size_t length = 1 + type.size() + (name.empty() ? 0 : 1 + name.size());
-        if (isWrittenInExpressions(type) && !name.empty() && !isQelName(name))
+        if (const std::string problem = unwritable(p_objectPath, type, name); !problem.empty())
         {
             const std::string levelPath = p_objectPath.substr(0, begin + length);
-            findings.push_back(
-                {Severity::Warning,
-                 "name-not-writable",
-                 fmt::format("The name '{}' of the object '{}' cannot be written in an expression. {}", name,
-                             levelPath, k_expectedName),
-                 {begin, length},
-                 levelPath});
+            findings.push_back({Severity::Warning,
+                                "name-not-writable",
+                                fmt::format("The name '{}' of the object '{}' {}", name, levelPath, problem),
+                                {begin, length},
+                                levelPath});
         }
         begin += length;
     }
     return findings;
+}
+
+std::optional<ObjectFinding> findHiddenName(const std::string& p_objectPath, const World& p_world)
+{
+    constexpr std::string_view k_additionalVariables = "/LIBRARY/ADDITIONAL VARIABLE:";
+    if (!p_objectPath.starts_with(k_additionalVariables) ||
+        p_objectPath.find('/', k_additionalVariables.size()) != std::string::npos)
+        return std::nullopt;
+
+    const std::string name = p_objectPath.substr(k_additionalVariables.size());
+    ObjectFinding finding {Severity::Warning, {}, {}, {0, p_objectPath.size()}, p_objectPath};
+    if (p_world.variables->hasVariable(name))
+    {
+        finding.identifier = "additional-variable-hidden";
+        finding.message =
+            fmt::format("The additional variable '{0}' is never reached: in an expression '{0}' "
+                        "means the variable of that name.",
+                        name);
+        return finding;
+    }
+    if (isQelConstant(name))
+    {
+        finding.identifier = "constant-hidden";
+        finding.message =
+            fmt::format("The additional variable '{0}' hides the constant of that name, which no "
+                        "expression reaches any more.",
+                        name);
+        return finding;
+    }
+    return std::nullopt;
 }
 
 void addNameFindings(const std::string& p_expressionName, const World& p_world, ParameterFindings& p_findings)

@@ -4,6 +4,7 @@
 #include "model/ModelTree.h"
 #include "world/World.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,10 @@ namespace qen::standalone {
 
 /// The levels of an object's path whose names cannot be written.
 std::vector<ObjectFinding> findUnwritableNames(const std::string& p_objectPath);
+
+/// That the name of an additional variable means something else in expressions, or keeps something else from being
+/// reached; nothing for other objects.
+std::optional<ObjectFinding> findHiddenName(const std::string& p_objectPath, const World& p_world);
 
 /// What is wrong with the name of a named expression.
 void addNameFindings(const std::string& p_expressionName, const World& p_world,

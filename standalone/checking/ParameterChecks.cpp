@@ -95,7 +95,8 @@ private:
         const ParameterToCheck& checked = m_parameters[p_number];
         ParameterFindings& findings = m_checked.findings[p_number];
         if (checked.hasKnownPath)
-            addRuleFindings(checked.parameter, m_case.model(), m_case.definitions().rules(), findings);
+            addRuleFindings(checked.parameter, m_case.model(), m_case.definitions().rules(),
+                            m_case.definitions().units(), findings);
         if (checked.isTooLong)
             findings.push_back(atName(Severity::Error, "limit-list-length",
                                       "The list of " + checked.parameter.described() +
@@ -207,9 +208,10 @@ private:
         const MessageLog::Raised* const raised = m_messages.find(reason);
         const CaseParameter& parameter = m_parameters[p_number].parameter;
         m_checked.findings[p_number].push_back(
-            atName(Severity::Error, raised ? raised->message->identifier : "check-exception",
-                   "Parameter '" + parameter.name + "' in object '" + parameter.objectPath +
-                       "' could not be checked: " + reason));
+            atValue(Severity::Error, {0, parameter.value.size()},
+                    raised ? raised->message->identifier : "check-exception",
+                    "Parameter '" + parameter.name + "' in object '" + parameter.objectPath +
+                        "' could not be checked: " + reason));
     }
 
     std::vector<Records> byParameter(const Records& p_records) const
@@ -221,12 +223,13 @@ private:
         return records;
     }
 
-    /// What the library found, and what it does not look at. One fault at a time: the latter is told only of parameters
-    /// without the former. Records of named expressions are about their names, and do not count.
+    /// What the library found, and what it does not look at. One fault once: the latter is told only of places that
+    /// the former leaves out. Records of named expressions are about their names, and do not count.
     void addWhatElseIsFound(std::size_t p_number, const Records& p_records)
     {
         const ParameterToCheck& checked = m_parameters[p_number];
         ParameterFindings& findings = m_checked.findings[p_number];
+        const std::size_t firstOfRecords = findings.size();
         if (!p_records.empty())
         {
             RecordPlaces places(checked.parameter, m_world, m_case.makeChecker());
@@ -239,8 +242,23 @@ private:
             addNameFindings(checked.parameter.name, m_world, findings);
             addNamedExpressionFindings(checked.parameter, m_case.definitions(), m_world, findings);
         }
-        else if (p_records.empty() && !m_hasException[p_number] && !checked.isTooLong)
-            addExpressionFindings(checked.parameter, m_case.definitions(), m_world, findings);
+        else if (!m_hasException[p_number] && !checked.isTooLong)
+        {
+            ParameterFindings others;
+            addExpressionFindings(checked.parameter, m_case.definitions(), m_world, others);
+            const std::size_t endOfRecords = findings.size();
+            for (ParameterFinding& other : others)
+                if (std::none_of(findings.begin() + static_cast<std::ptrdiff_t>(firstOfRecords),
+                                 findings.begin() + static_cast<std::ptrdiff_t>(endOfRecords),
+                                 [&](const ParameterFinding& p_record) { return overlap(p_record, other); }))
+                    findings.push_back(std::move(other));
+        }
+    }
+
+    static bool overlap(const ParameterFinding& p_one, const ParameterFinding& p_other)
+    {
+        return p_one.range.offset < p_other.range.offset + p_other.range.length &&
+               p_other.range.offset < p_one.range.offset + p_one.range.length;
     }
 
     // A line end stands neither in a path nor in a name.

@@ -86,6 +86,46 @@ std::string expectedSections()
     return text;
 }
 
+bool quotes(const std::string& p_message, std::string_view p_text)
+{
+    for (std::size_t at = p_message.find(p_text); at != std::string::npos;
+         at = p_message.find(p_text, at + 1))
+    {
+        const std::size_t end = at + p_text.size();
+        if (at > 0 && end < p_message.size() && p_message[at - 1] == p_message[end] &&
+            (p_message[end] == '\'' || p_message[end] == '"'))
+            return true;
+    }
+    return false;
+}
+
+std::string_view withoutBrackets(std::string_view p_units)
+{
+    return p_units.starts_with('[') && p_units.ends_with(']') ? p_units.substr(1, p_units.size() - 2)
+                                                              : p_units;
+}
+
+/// The key that a message about a definition is about: the one that it names, else the only one whose text it quotes;
+/// an empty text where neither is known.
+std::string_view keyOf(const std::string& p_message, const CatalogueDefinition& p_definition)
+{
+    for (const std::string_view key : formOf(p_definition.kind).keys)
+        if (quotes(p_message, key))
+            return key;
+
+    std::string_view quoted;
+    for (const QclParameter& parameter : p_definition.section->parameters)
+    {
+        if (parameter.value.empty() || parameter.value == p_definition.name ||
+            (!quotes(p_message, parameter.value) && !quotes(p_message, withoutBrackets(parameter.value))))
+            continue;
+        if (!quoted.empty())
+            return {};
+        quoted = parameter.name;
+    }
+    return quoted;
+}
+
 /// @return Whether all are known.
 bool checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_problems)
 {
@@ -219,8 +259,9 @@ void CatalogueDefinitions::load(PreVariableDefStore& p_variables, ExprCBFuncStor
     const CatalogueDefinition* reported = nullptr;
     World world = currentWorld();
     world.onReport = [&](const ErrorMsg& p_message) {
+        const std::string message = p_message.getMessage();
         p_problems.push_back(
-            reported->finding(Severity::Warning, "definition-warning", p_message.getMessage()));
+            reported->findingAt(keyOf(message, *reported), Severity::Warning, "definition-warning", message));
     };
     const WorldScope scope(world);
 
@@ -249,7 +290,9 @@ void CatalogueDefinitions::load(PreVariableDefStore& p_variables, ExprCBFuncStor
         }
         catch (const Error& error)
         {
-            p_problems.push_back(definition.finding(Severity::Error, "definition-error", error.getMessage()));
+            const std::string message = error.getMessage();
+            p_problems.push_back(definition.findingAt(keyOf(message, definition), Severity::Error,
+                                                      "definition-error", message));
         }
     }
 }

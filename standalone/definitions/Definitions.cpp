@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <deque>
 #include <filesystem>
@@ -22,6 +23,8 @@ constexpr const char* k_unitsFile = "UNITS.qcl";
 constexpr const char* k_rulesFile = "RULES.qcl";
 constexpr const char* k_physicsFile = "PHYSICS.qcl";
 constexpr const char* k_variablesFile = "VARIABLES.qcl";
+
+constexpr std::array<const char*, 4> k_files {k_unitsFile, k_rulesFile, k_physicsFile, k_variablesFile};
 
 Finding withoutPlace(std::string p_identifier, std::string p_message)
 {
@@ -39,6 +42,50 @@ std::string joined(const std::vector<std::string>& p_folders)
     return text;
 }
 
+/// What is wrong with a folder of definitions; an empty text for nothing.
+std::string problemOf(const std::string& p_folder)
+{
+    std::error_code error;
+    fs::directory_iterator opened(p_folder, error);
+    if (error)
+        return fmt::format("The definition folder '{}' cannot be read: {}.", p_folder, error.message());
+    const bool holdsAny = std::ranges::any_of(k_files, [&](const char* p_file) {
+        std::error_code unused;
+        return fs::exists(fs::path(p_folder) / p_file, unused);
+    });
+    if (!holdsAny)
+        return fmt::format("The definition folder '{}' holds none of {}, {}, {} and {}.", p_folder,
+                           k_unitsFile, k_rulesFile, k_physicsFile, k_variablesFile);
+    return {};
+}
+
+/// Tells of folders that nothing can be read from; else of the files that none of them holds.
+void checkFolders(const std::vector<std::string>& p_folders, std::vector<Finding>& p_problems)
+{
+    for (const std::string& folder : p_folders)
+        if (std::string problem = problemOf(folder); !problem.empty())
+            p_problems.push_back(withoutPlace("definition-folder", std::move(problem)));
+    if (!p_problems.empty())
+        return;
+
+    for (const char* file : k_files)
+        if (std::ranges::none_of(p_folders, [&](const std::string& p_folder) {
+                std::error_code unused;
+                return fs::exists(fs::path(p_folder) / file, unused);
+            }))
+            p_problems.push_back(
+                withoutPlace("missing-definitions", fmt::format("There is no definition file '{}' in {}.",
+                                                                file, joined(p_folders))));
+    const std::string shipped = shippedDefinitionFolder("/proc/self/exe");
+    if (p_problems.empty() || std::ranges::find(p_folders, shipped) != p_folders.end())
+        return;
+    Finding& last = p_problems.back();
+    last.message +=
+        fmt::format(" Folders that are given replace the one that is shipped; to add to that, name it "
+                    "first: --definitions {} --definitions {}.",
+                    shipped, p_folders.front());
+}
+
 /// Reads the files of one name, of all folders in order.
 std::deque<QclDocument> readFiles(const char* p_name, const std::vector<std::string>& p_folders,
                                   std::vector<Finding>& p_problems)
@@ -54,10 +101,6 @@ std::deque<QclDocument> readFiles(const char* p_name, const std::vector<std::str
         for (const Diagnostic& problem : document.problems)
             p_problems.push_back(toFinding(problem, document));
     }
-    if (documents.empty())
-        p_problems.push_back(
-            withoutPlace("missing-definitions", std::string("There is no definition file '") + p_name +
-                                                    "' in " + joined(p_folders) + "."));
     return documents;
 }
 
@@ -90,6 +133,7 @@ void checkQueriesAreDefined(const PhysicsBook& p_physics, std::vector<Finding>& 
 
 Definitions::Definitions(const std::vector<std::string>& p_folders)
 {
+    checkFolders(p_folders, m_problems);
     addAll(m_units, readFiles(k_unitsFile, p_folders, m_problems), m_problems);
 
     World world;
@@ -126,13 +170,18 @@ std::vector<std::string> definitionFolders(const std::vector<std::string>& p_giv
     if (environment && *environment)
         return {environment};
 
+    return {shippedDefinitionFolder(p_executable)};
+}
+
+std::string shippedDefinitionFolder(const std::string& p_executable)
+{
     std::error_code error;
     const fs::path executable = fs::canonical(p_executable, error);
     const fs::path installed = executable.parent_path().parent_path() / QEN_INSTALL_DEFINITIONS;
     if (!error && fs::is_directory(installed, error))
-        return {installed.string()};
+        return installed.string();
 
-    return {QEN_BUILD_DEFINITIONS};
+    return QEN_BUILD_DEFINITIONS;
 }
 
 }    // namespace qen::standalone

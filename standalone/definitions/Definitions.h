@@ -66,4 +66,8 @@ private:
 QEN_STANDALONE_API std::vector<std::string> definitionFolders(const std::vector<std::string>& p_given,
                                                               const std::string& p_executable);
 
+/// The folder of the definitions that are shipped: the `share` folder that belongs to the executable's, else the one of
+/// the build.
+QEN_STANDALONE_API std::string shippedDefinitionFolder(const std::string& p_executable);
+
 }    // namespace qen::standalone

@@ -304,6 +304,8 @@ bool Analysis::number(Operand& p_operand)
                     "the number " + quoted({begin, static_cast<std::size_t>(end - begin)}) +
                         " is beyond double precision; expected one between 1e-307 and 1e308");
     m_at = end;
+    m_numberBegin = begin;
+    m_numberEnd = end;
     return units(p_operand, begin);
 }
 

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "expressions/KeptExpressions.h"
 #include "expressions/QelDims.h"
 #include "expressions/QelExpression.h"
 #include "expressions/QelFunctions.h"
+#include "expressions/QelKept.h"
 #include "expressions/QelNames.h"
 #include "expressions/QelSyntax.h"
 #include "model/ModelTree.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -38,6 +41,7 @@ private:
         std::string_view text;
         Kind kind = Kind::Given;
         const ModelTree::Parameter* parameter = nullptr;    ///< that holds the text; null for the given one
+        std::string_view objectPath;                        ///< of that parameter
         std::string_view name;                              ///< of the named expression or monitor point
         TextRange shown;                                    ///< where the given text refers to it
         Source* outer = nullptr;
@@ -99,21 +103,36 @@ private:
     bool reference(Operand& p_operand);
     bool variable(const RootPlace& p_root, Operand& p_operand, const char* p_begin);
     bool namedExpression(const ModelTree::Parameter& p_parameter, Operand& p_operand, const char* p_begin);
-    bool readParameter(const ModelTree::Parameter& p_parameter, Source::Kind p_kind, std::string_view p_name,
-                       Operand& p_operand, const char* p_begin);
+    bool readParameter(const ModelTree::Parameter& p_parameter, std::string_view p_objectPath,
+                       Source::Kind p_kind, std::string_view p_name, Operand& p_operand, const char* p_begin);
+    bool readSource(Source& p_source, Known& p_known);
     bool callback(const Component& p_function, Operand& p_operand, const char* p_begin);
     bool argument(std::string_view p_argument, std::string_view p_locator, Operand& p_operand);
     bool expressionValue(Operand& p_operand, const char* p_begin);
     const char* closingBracket(const char* p_open);
     bool countReference(const char* p_begin);
+    void mentionVariable(std::string_view p_text);
+    void mentionCallback(std::string_view p_function, std::string_view p_locator,
+                         std::string_view p_argument);
+    void mentionExpression(const ModelTree::Parameter& p_parameter, const KeptExpression* p_kept);
     void collectVariable(std::string_view p_name);
     void collect(QelReference::Kind p_kind, std::string_view p_text);
+
+    // What is kept of the expressions that names refer to (KeptExpressions.cpp).
+    const KeptExpression* keptExpression(const Source& p_source);
+    void keep(const Source& p_source, KeptExpressions& p_all, KeptExpressions::Slot& p_slot);
+    void readOnItsOwn(const Source& p_source);
+    bool fits(const KeptExpression& p_kept) const;
+    bool take(const KeptExpression& p_kept, const Source& p_source, Operand& p_operand);
+    void takeMentions(const KeptExpression& p_kept, const ModelTree::Parameter& p_parameter,
+                      bool p_inArgument, TextRange p_shown);
 
     // Errors (QelFailures.cpp).
     bool fail(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failBeyondLimit(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failDims(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failExpected(const char* p_at, std::string_view p_expected);
+    std::string likelySlip(const char* p_at) const;
     bool failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name, const char* p_begin);
     QelError errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const;
     TextRange rangeOf(const char* p_begin, const char* p_end) const;
@@ -122,7 +141,10 @@ private:
 
     bool descend(const char* p_at)
     {
-        return ++m_depth <= QelLimits::k_depth || failBeyondLimit(p_at, p_at + 1, depthProblem());
+        if (++m_depth > QelLimits::k_depth)
+            return failBeyondLimit(p_at, p_at + 1, depthProblem());
+        m_deepest = std::max(m_deepest, m_depth);
+        return true;
     }
 
     static std::string depthProblem();
@@ -145,6 +167,7 @@ private:
     const char* m_at = nullptr;
     const char* m_end = nullptr;
     unsigned m_depth = 0;
+    unsigned m_deepest = 0;
     std::size_t m_references = 0;
 
     bool m_quiet = false;         // in the argument of a callback: nothing is collected, errors do not count
@@ -152,11 +175,21 @@ private:
     bool m_inArgument = false;    // directly, so that the value of a monitor point is known
     std::string_view m_locator;
 
+    // The last number that was read, without its units.
+    const char* m_numberBegin = nullptr;
+    const char* m_numberEnd = nullptr;
+
     // A number with the units of an offset temperature, to which a sign belongs: where it ends, and its offset.
     const char* m_offsetNumberEnd = nullptr;
     double m_offset = 0.0;
 
     bool m_dimsAreUnknown = false;    // behind an operator that no catalogue has
+    bool m_hasWrongDims = false;      // also where that does not count
+
+    KeptExpression* m_keeps =
+        nullptr;                    // an analysis that keeps what it reads: of expressions that are kept
+    bool m_meetsCycle = false;      // of such an analysis, which ends there
+    unsigned m_readsPlainly = 0;    // within that many expressions that are not kept
 
     std::unordered_map<const ModelTree::Parameter*, Known> m_known;
     std::unordered_set<std::string> m_seen;    // only where there are many variables

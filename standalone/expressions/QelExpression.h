@@ -82,6 +82,12 @@ QEN_STANDALONE_API QelResult analyseExpression(std::string_view p_expression, co
 /// blanks, the first of which begins with a letter.
 QEN_STANDALONE_API bool isQelName(std::string_view p_text);
 
+/// Whether a text can be written in braces behind a variable as the name of a coordinate frame.
+QEN_STANDALONE_API bool isQelFrameName(std::string_view p_text);
+
+/// Whether a text can be written behind '@' as the name of a locator.
+QEN_STANDALONE_API bool isQelLocatorName(std::string_view p_text);
+
 /// Whether a name is a constant of the expression language, such as "pi"; it hides a named expression of that name.
 QEN_STANDALONE_API bool isQelConstant(std::string_view p_name);
 

@@ -54,14 +54,46 @@ bool Analysis::failBeyondLimit(const char* p_begin, const char* p_end, const std
 // An unknown operator is left to the checks of variables. What its dimensions lead to is none of the user's errors.
 bool Analysis::failDims(const char* p_begin, const char* p_end, const std::string& p_message)
 {
+    m_hasWrongDims = true;
     return m_dimsAreUnknown || fail(p_begin, p_end, p_message);
 }
 
 bool Analysis::failExpected(const char* p_at, std::string_view p_expected)
 {
     const std::string_view rest(p_at, static_cast<std::size_t>(m_end - p_at));
+    if (m_quiet && !m_fatal)
+        return false;
     return fail(p_at, p_at + tokenBytes(rest),
-                "expected " + std::string(p_expected) + ", but found " + quotedToken(rest));
+                "expected " + std::string(p_expected) + ", but found " + quotedToken(rest) +
+                    likelySlip(p_at));
+}
+
+/// What was most likely meant where something else was expected, as a sentence of its own; empty for nothing.
+std::string Analysis::likelySlip(const char* p_at) const
+{
+    const char* const begin = m_source->text.data();
+    if (p_at != m_end && *p_at == '*' && p_at != begin && p_at[-1] == '*')
+        return ". A power is written '^'";
+
+    const char* const nameEnds = nameEnd(p_at, m_end);
+    const char* before = p_at;
+    while (before != begin && hasClass(before[-1], k_blank))
+        --before;
+    if (nameEnds == p_at || before == begin)
+        return {};
+    const std::string_view name(p_at, static_cast<std::size_t>(nameEnds - p_at));
+    if (before == m_numberEnd)
+    {
+        const bool isUnits = m_world.units && m_world.units->parse(name);
+        if (!isUnits && Names(m_world).classify(name) != Names::Root::None)
+            return {};
+        std::string example(m_numberBegin, m_numberEnd);
+        return ". Units stand in brackets: " + quoted(example.append(" [").append(name).append("]"));
+    }
+    const bool isOneBlank = p_at - before == 1 && *before == ' ';
+    return before != p_at && !isOneBlank && hasClass(before[-1], k_nameChar)
+               ? ". Words of a name are parted by one blank"
+               : "";
 }
 
 bool Analysis::failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name,
@@ -99,7 +131,8 @@ QelError Analysis::errorAt(const char* p_begin, const char* p_end, const std::st
         place = "In the expression of the monitor point " + quoted(m_source->name) + ", column ";
         break;
     }
-    return {place + column(p_begin) + ": " + p_message + '.', rangeOf(p_begin, p_end)};
+    return {place + column(p_begin) + ": " + p_message + (p_message.ends_with('?') ? "" : "."),
+            rangeOf(p_begin, p_end)};
 }
 
 TextRange Analysis::rangeOf(const char* p_begin, const char* p_end) const

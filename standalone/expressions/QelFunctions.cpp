@@ -123,6 +123,22 @@ constexpr auto k_constantIndex = indexed(k_constants);
 
 }
 
+std::vector<std::string> functionNames()
+{
+    std::vector<std::string> names;
+    for (const Function& function : k_functions)
+        names.emplace_back(function.name);
+    return names;
+}
+
+std::vector<std::string> constantNames()
+{
+    std::vector<std::string> names;
+    for (const Constant& constant : k_constants)
+        names.emplace_back(constant.name);
+    return names;
+}
+
 const Function* findFunction(std::string_view p_name)
 {
     return findRow(k_functions, k_functionIndex, p_name);

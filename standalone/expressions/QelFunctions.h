@@ -3,7 +3,9 @@
 #include "UnitDimensions.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 /// @file
 /// The functions of mathematics and the constants of the expression language.
@@ -30,6 +32,10 @@ struct Function {
     unsigned maxArguments;
     double (*value)(double, double, double);    // of two or more: folds them from the left
 };
+
+/// The names of all functions and constants, for suggestions.
+std::vector<std::string> functionNames();
+std::vector<std::string> constantNames();
 
 /// The function of that name; null when there is none.
 const Function* findFunction(std::string_view p_name);

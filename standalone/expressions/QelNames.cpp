@@ -4,19 +4,26 @@
 #include "ExprCBFuncStore.h"
 #include "PreVariableDefStore.h"
 
+#include "expressions/KeptExpressions.h"
 #include "expressions/QelErrors.h"
+#include "expressions/QelFunctions.h"
 #include "expressions/QelSyntax.h"
+#include "text/NearestName.h"
 #include "units/UnitSystem.h"
 #include "world/World.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <vector>
 
 namespace qen::standalone::qel {
 namespace {
 
 constexpr std::string_view k_additionalVariablePath = "/LIBRARY/ADDITIONAL VARIABLE:";
-constexpr std::string_view k_expressionsPath = "/LIBRARY/QEL/EXPRESSIONS";
+
+// Where there are more named expressions, none of them is suggested: that would take too long.
+constexpr std::size_t k_suggestedNames = 1000;
 
 // Names beyond this are taken care of as well, with memory of their own.
 constexpr std::size_t k_pathBytes = 256;
@@ -145,6 +152,65 @@ bool Names::additionalVariableDims(UnitDimensions& p_dims, std::string& p_proble
     }
     p_dims = value->dims;
     return true;
+}
+
+std::string Names::nearestValue(std::string_view p_name) const
+{
+    std::vector<std::string> known = constantNames();
+    if (m_world.model)
+    {
+        const std::vector<std::string> additional =
+            m_world.model->childNames("/LIBRARY", "ADDITIONAL VARIABLE");
+        known.insert(known.end(), additional.begin(), additional.end());
+        const ModelTree::Object* const expressions = m_world.model->find(k_expressionsPath);
+        if (expressions && expressions->parameters.size() <= k_suggestedNames)
+        {
+            const std::vector<std::string> names = expressions->parameterNames();
+            known.insert(known.end(), names.begin(), names.end());
+        }
+        else if (expressions)
+            expressions->childrenOf({std::string_view()});    // that which parameters there are was looked at
+    }
+    // Of two that are as near the first counts: not that of the model's order, which tells nothing.
+    std::ranges::sort(known);
+
+    std::vector<std::string> nearest;
+    for (const std::string& one : {nearestVariable(p_name), nearestName(p_name, known)})
+        if (!one.empty())
+            nearest.push_back(one);
+    return nearestName(p_name, nearest);
+}
+
+std::string Names::nearestVariable(std::string_view p_name) const
+{
+    using Store = PreVariableDefStore;
+    std::vector<std::string> fresh;
+    std::vector<std::string>& names = m_world.expressions ? m_world.expressions->m_variableNames : fresh;
+    if (!m_world.variables || !names.empty())
+        return nearestName(p_name, names);
+    const auto add = [&](const std::vector<std::string>& p_names) {
+        names.insert(names.end(), p_names.begin(), p_names.end());
+    };
+    for (const std::string& variable : m_world.variables->getAllVariableShortNames())
+    {
+        add(m_world.variables->getVariableAliases(variable));
+        for (const Store::VarDefField field : {Store::COMPONENT_SHORT_NAMES, Store::COMPONENT_LONG_NAMES})
+            add(m_world.variables->getVarDefDataVec(variable, field));
+    }
+    std::ranges::sort(names);
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return nearestName(p_name, names);
+}
+
+std::string Names::nearestFunction(std::string_view p_name) const
+{
+    std::vector<std::string> known = functionNames();
+    if (m_world.callbacks)
+    {
+        const std::vector<std::string>& callbacks = m_world.callbacks->getCBNames();
+        known.insert(known.end(), callbacks.begin(), callbacks.end());
+    }
+    return nearestName(p_name, known);
 }
 
 const ModelTree::Parameter* Names::namedExpression(std::string_view p_name) const

@@ -19,6 +19,7 @@ struct World;
 namespace qen::standalone::qel {
 
 inline constexpr std::string_view k_expressionValue = "Expression Value";
+inline constexpr std::string_view k_expressionsPath = "/LIBRARY/QEL/EXPRESSIONS";
 
 /// Looks names up. Holds a buffer for them, so that most look-ups need no memory.
 class Names {
@@ -36,6 +37,11 @@ public:
     /// @param p_problem  Set when there are none: why, as the end of a sentence that begins with the name.
     bool dims(UnitDimensions& p_dims, std::string& p_problem);
 
+    /// The known name that a misspelt one most likely means, of those that may stand as a value or of functions; empty
+    /// when none is close.
+    std::string nearestValue(std::string_view p_name) const;
+    std::string nearestFunction(std::string_view p_name) const;
+
     /// The parameter that holds a named expression; null when there is none of that name.
     const ModelTree::Parameter* namedExpression(std::string_view p_name) const;
 
@@ -46,6 +52,7 @@ public:
     const UnitDimensions* callbackDims(std::string_view p_function);
 
 private:
+    std::string nearestVariable(std::string_view p_name) const;
     const ModelTree::Object* additionalVariable(std::string_view p_name) const;
     bool variableDims(UnitDimensions& p_dims, std::string& p_problem) const;
     bool additionalVariableDims(UnitDimensions& p_dims, std::string& p_problem) const;

@@ -54,6 +54,12 @@ const char* closingBracketOfSimple(const char* p_open, const char* p_end)
     return nullptr;
 }
 
+/// The name that was meant in place of another one, as a sentence of its own.
+std::string suggestion(std::string_view p_name, const std::string& p_nearest)
+{
+    return p_nearest.empty() || p_nearest == p_name ? "" : ". Did you mean " + quoted(p_nearest) + "?";
+}
+
 std::string monitorPointPath(const std::string& p_flowPath, std::string_view p_name)
 {
     return (p_flowPath + "/OUTPUT CONTROL/MONITOR OBJECTS/MONITOR POINT:").append(p_name);
@@ -133,10 +139,13 @@ bool Analysis::reference(Operand& p_operand)
         p_operand.constant = false;
         return true;
     }
+    const bool nameGoesOn = next != m_at && (next - m_at > 1 || *m_at != ' ') && nameEnd(next, m_end) != next;
     return fail(
         begin, m_at,
         quoted(first.name) +
-            " is not known; expected a variable, an additional variable, a constant or a named expression");
+            " is not known; expected a variable, an additional variable, a constant or a named expression" +
+            (nameGoesOn ? ". Words of a name are parted by one blank"
+                        : suggestion(first.name, m_names.nearestValue(first.name))));
 }
 
 bool Analysis::variable(const RootPlace& p_root, Operand& p_operand, const char* p_begin)
@@ -157,12 +166,7 @@ bool Analysis::variable(const RootPlace& p_root, Operand& p_operand, const char*
         p_operand.plain = isPlain(p_operand.dims);
     }
 
-    const std::string_view text = between(p_begin, m_at);
-    if (!m_quiet)
-        collectVariable(text);
-    if (m_wantReferences)
-        collect(QelReference::Kind::Variable, text);
-
+    mentionVariable(between(p_begin, m_at));
     if (p_root.suffix.empty())
         return true;
     const std::optional<UnitDimensions> dims = m_names.operatorDims(p_root.suffix);
@@ -186,55 +190,69 @@ bool Analysis::namedExpression(const ModelTree::Parameter& p_parameter, Operand&
         collect(QelReference::Kind::NamedExpression, between(p_begin, m_at));
     // The value of a monitor point is known in the argument itself, not in what the argument refers to.
     const bool inArgument = std::exchange(m_inArgument, false);
-    const bool read =
-        readParameter(p_parameter, Source::Kind::NamedExpression, p_parameter.name, p_operand, p_begin);
+    const bool read = readParameter(p_parameter, k_expressionsPath, Source::Kind::NamedExpression,
+                                    p_parameter.name, p_operand, p_begin);
     m_inArgument = inArgument;
     return read;
 }
 
-// Reads the expression that a parameter holds, but each at most twice: quietly, and to collect its references.
-bool Analysis::readParameter(const ModelTree::Parameter& p_parameter, Source::Kind p_kind,
-                             std::string_view p_name, Operand& p_operand, const char* p_begin)
+// Takes what is kept of the expression that a parameter holds. Where nothing is, or does not fit this place, reads it,
+// but each at most twice: quietly, and to collect its references.
+bool Analysis::readParameter(const ModelTree::Parameter& p_parameter, std::string_view p_objectPath,
+                             Source::Kind p_kind, std::string_view p_name, Operand& p_operand,
+                             const char* p_begin)
 {
     Known& known = m_known[&p_parameter];    // stays where it is
     if (known.beingRead)
         return failCycle(p_parameter, p_name, p_begin);
     if (known.judged && (known.collected || m_quiet))
     {
+        mentionExpression(p_parameter, nullptr);
         p_operand = known.operand;
         return !known.failed || fail(p_begin, m_at, quoted(p_name) + " is no good expression");
     }
-    if (!descend(p_begin))
-        return false;
 
     Source source;
     source.text = p_parameter.value;
     source.parameter = &p_parameter;
+    source.objectPath = p_objectPath;
     source.kind = p_kind;
     source.name = p_name;
     source.shown = m_source->parameter ? m_source->shown : rangeOf(p_begin, m_at);
     source.outer = m_source;
-    const char* const at = std::exchange(m_at, source.text.data());
-    const char* const end = std::exchange(m_end, source.text.data() + source.text.size());
-    m_source = &source;
-
-    known.beingRead = true;
-    known.operand = Operand();
-    const bool read = whole(known.operand);
-    known.beingRead = false;
-    known.judged = true;
-    known.collected = !m_quiet;
-    known.failed = !read;
-
-    m_source = source.outer;
-    m_at = at;
-    m_end = end;
-    if (!read)
+    if (const KeptExpression* const kept = keptExpression(source))
+    {
+        mentionExpression(p_parameter, kept);
+        return take(*kept, source, p_operand);
+    }
+    if (m_keeps || !descend(p_begin) || !readSource(source, known))
         return false;
     m_offsetNumberEnd = nullptr;
     --m_depth;
     p_operand = known.operand;
     return true;
+}
+
+bool Analysis::readSource(Source& p_source, Known& p_known)
+{
+    const char* const at = std::exchange(m_at, p_source.text.data());
+    const char* const end = std::exchange(m_end, p_source.text.data() + p_source.text.size());
+    m_source = &p_source;
+    ++m_readsPlainly;
+
+    p_known.beingRead = true;
+    p_known.operand = Operand();
+    const bool read = whole(p_known.operand);
+    p_known.beingRead = false;
+    p_known.judged = true;
+    p_known.collected = !m_quiet;
+    p_known.failed = !read;
+
+    --m_readsPlainly;
+    m_source = p_source.outer;
+    m_at = at;
+    m_end = end;
+    return read;
 }
 
 // function@locator(argument), behind the function
@@ -265,17 +283,7 @@ bool Analysis::callback(const Component& p_function, Operand& p_operand, const c
         return false;
 
     const std::string_view function = between(p_begin, functionEnd);
-    if (!m_quiet)
-        m_result.callbacks.push_back(
-            {std::string(function), std::string(locator), std::string(argumentText)});
-    if (m_wantReferences)
-    {
-        collect(QelReference::Kind::Callback, function);
-        if (!locator.empty())
-            collect(QelReference::Kind::Locator, locator);
-        if (!argumentText.empty())
-            collect(QelReference::Kind::Argument, argumentText);
-    }
+    mentionCallback(function, locator, argumentText);
 
     Operand argumentOperand;
     if (!argumentText.empty() && !argument(argumentText, locator, argumentOperand))
@@ -286,7 +294,8 @@ bool Analysis::callback(const Component& p_function, Operand& p_operand, const c
         return m_quiet ||
                fail(p_begin, functionEnd,
                     "the function " + quoted(p_function.name) +
-                        " is not known; expected a function of mathematics or a callback function");
+                        " is not known; expected a function of mathematics or a callback function" +
+                        suggestion(p_function.name, m_names.nearestFunction(p_function.name)));
     setDims(p_operand, *dims);
     return multiplyDims(p_operand, argumentOperand, 1.0F) ||
            failBeyondLimit(p_begin, m_at, "an exponent of the dimensions is beyond the limit");
@@ -350,7 +359,7 @@ bool Analysis::expressionValue(Operand& p_operand, const char* p_begin)
             continue;
         Operand operand;
         const unsigned depth = m_depth;
-        if (!readParameter(*value, Source::Kind::MonitorPoint, locator, operand, p_begin))
+        if (!readParameter(*value, point->path, Source::Kind::MonitorPoint, locator, operand, p_begin))
         {
             if (m_fatal)
                 return false;
@@ -437,11 +446,55 @@ const char* Analysis::closingBracket(const char* p_open)
 
 bool Analysis::countReference(const char* p_begin)
 {
+    if (m_keeps)
+        ++m_keeps->ownReferences;
     return ++m_references <= QelLimits::k_references ||
            failBeyondLimit(
                p_begin, m_at,
                "the expression refers to more than " + std::to_string(QelLimits::k_references) +
                    " variables, named expressions and callback functions; expected at most that many");
+}
+
+void Analysis::mentionVariable(std::string_view p_text)
+{
+    if (m_quiet)
+        return;
+    if (m_keeps)
+    {
+        m_keeps->mentions.push_back({KeptExpression::Mention::Kind::Variable, p_text, {}, {}});
+        return;
+    }
+    collectVariable(p_text);
+    if (m_wantReferences)
+        collect(QelReference::Kind::Variable, p_text);
+}
+
+void Analysis::mentionCallback(std::string_view p_function, std::string_view p_locator,
+                               std::string_view p_argument)
+{
+    if (m_quiet)
+        return;
+    if (m_keeps)
+    {
+        m_keeps->mentions.push_back(
+            {KeptExpression::Mention::Kind::Callback, p_function, p_locator, p_argument});
+        return;
+    }
+    m_result.callbacks.push_back({std::string(p_function), std::string(p_locator), std::string(p_argument)});
+    if (!m_wantReferences)
+        return;
+    collect(QelReference::Kind::Callback, p_function);
+    if (!p_locator.empty())
+        collect(QelReference::Kind::Locator, p_locator);
+    if (!p_argument.empty())
+        collect(QelReference::Kind::Argument, p_argument);
+}
+
+void Analysis::mentionExpression(const ModelTree::Parameter& p_parameter, const KeptExpression* p_kept)
+{
+    if (m_keeps)
+        m_keeps->mentions.push_back(
+            {KeptExpression::Mention::Kind::Expression, {}, {}, {}, &p_parameter, p_kept, m_quiet});
 }
 
 void Analysis::collectVariable(std::string_view p_name)

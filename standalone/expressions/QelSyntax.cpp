@@ -49,6 +49,11 @@ bool isForeignLetter(char32_t p_code)
 
 }
 
+bool isFrameDelimiter(char p_char)
+{
+    return std::string_view("()*/+-^[]").find(p_char) != std::string_view::npos;
+}
+
 std::size_t foreignLetterAt(const char* p_at, const char* p_end)
 {
     if (p_at == p_end)
@@ -89,7 +94,7 @@ bool ComponentReader::readBraces(Component& p_component)
     if (at != end && *at == ':')
     {
         begin = ++at;
-        while (at != end && *at != '{' && *at != '}')
+        while (at != end && *at != '{' && *at != '}' && !isFrameDelimiter(*at))
             ++at;
         std::string_view frame(begin, static_cast<std::size_t>(at - begin));
         while (!frame.empty() && hasClass(frame.front(), k_blank))
@@ -104,7 +109,10 @@ bool ComponentReader::readBraces(Component& p_component)
         }
         if (at == end || *at != '}')
         {
-            expected = "'}'";
+            expected =
+                at == end || !isFrameDelimiter(*at)
+                    ? "'}'"
+                    : "'}' or more of the name of a coordinate frame, which holds none of ( ) * / + - ^ [ ]";
             return false;
         }
     }
@@ -146,6 +154,18 @@ bool isQelName(std::string_view p_text)
 {
     const char* const end = p_text.data() + p_text.size();
     return !p_text.empty() && qel::nameEnd(p_text.data(), end) == end;
+}
+
+bool isQelFrameName(std::string_view p_text)
+{
+    return !p_text.empty() && std::ranges::none_of(p_text, [](char p_char) {
+        return p_char == '{' || p_char == '}' || qel::isFrameDelimiter(p_char);
+    });
+}
+
+bool isQelLocatorName(std::string_view p_text)
+{
+    return !p_text.empty() && p_text.find('(') == std::string_view::npos;
 }
 
 }    // namespace qen::standalone

@@ -43,6 +43,9 @@ inline bool isAscii(char p_char) { return static_cast<unsigned char>(p_char) < 0
 /// The number of bytes of the letter beyond ASCII that stands at a place of a UTF-8 text; 0 when there is none.
 std::size_t foreignLetterAt(const char* p_at, const char* p_end);
 
+/// Whether a character, beside braces, cannot stand in the name of a coordinate frame in an expression.
+bool isFrameDelimiter(char p_char);
+
 /// The end of the name that begins at a place; the place itself when none begins there.
 inline const char* nameEnd(const char* p_at, const char* p_end)
 {

@@ -44,6 +44,7 @@ constexpr std::array k_rules {
     LintRule {"lint-result-units",              Severity::Error,   "'Result Units' with text beside the brackets", findTextsBesideResultUnits},
 
     LintRule {"lint-bound-units",               Severity::Error,   "a bound with units that no quantity asks for", findBoundUnits},
+    LintRule {"lint-bound-without-quantity",    Severity::Warning, "a bound, but no quantity for the values", findBoundsWithoutQuantity},
     LintRule {"lint-crossed-bounds",            Severity::Error,   "a lower bound above the upper one", findCrossedBounds},
     LintRule {"lint-unknown-dependency",        Severity::Error,   "a parameter that depends on what is no variable", findUnknownDependencies},
     LintRule {"lint-unknown-units-source",      Severity::Error,   "units that come from a parameter that no rule knows", findUnknownUnitsSources},

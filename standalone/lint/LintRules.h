@@ -46,6 +46,7 @@ void findTextsBesideResultUnits(const LintInput& p_input, LintReport& p_report);
 
 // What the rule of a parameter says (ParameterRules.cpp).
 void findBoundUnits(const LintInput& p_input, LintReport& p_report);
+void findBoundsWithoutQuantity(const LintInput& p_input, LintReport& p_report);
 void findCrossedBounds(const LintInput& p_input, LintReport& p_report);
 void findUnknownDependencies(const LintInput& p_input, LintReport& p_report);
 void findUnknownUnitsSources(const LintInput& p_input, LintReport& p_report);

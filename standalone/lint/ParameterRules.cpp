@@ -116,6 +116,27 @@ void findBoundUnits(const LintInput& p_input, LintReport& p_report)
     }
 }
 
+void findBoundsWithoutQuantity(const LintInput& p_input, LintReport& p_report)
+{
+    for (const LintParameter& parameter : p_input.parameters())
+    {
+        const ParameterRule& rule = *parameter.rule;
+        const std::optional<Bound> lower = readBoundText(rule.lowerBound);
+        const std::optional<Bound> upper = readBoundText(rule.upperBound);
+        const bool isCrossed = lower && upper && lower->value > upper->value;
+        const bool hasUnits = (lower && !lower->units.empty()) || (upper && !upper->units.empty());
+        if (!rule.quantity.empty() || !rule.unitsFrom.empty() || (!lower && !upper) || hasUnits || isCrossed)
+            continue;    // nothing is missing, or another rule of the lint says what is wrong
+        const char* const key = lower ? "Lower Bound" : "Upper Bound";
+        p_report.at(
+            parameter.sectionWith(key), key,
+            fmt::format("The parameter {} has a bound and no 'Quantity', so that a value with units is "
+                        "told to be a fault of the bound. Expected 'Quantity = Dimensionless', or that "
+                        "of its values.",
+                        inQuotes(rule.name)));
+    }
+}
+
 void findCrossedBounds(const LintInput& p_input, LintReport& p_report)
 {
     for (const LintParameter& parameter : p_input.parameters())

@@ -30,6 +30,8 @@ std::optional<LocatorDimension::Value> dimensionOf(std::string_view p_type)
 
 }    // namespace
 
+bool isLocatorType(std::string_view p_type) { return dimensionOf(p_type).has_value(); }
+
 LocatorIndex::LocatorIndex(const ModelTree::Object& p_flow) { add(p_flow); }
 
 void LocatorIndex::add(const ModelTree::Object& p_object)

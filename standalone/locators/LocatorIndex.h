@@ -10,6 +10,9 @@
 
 namespace qen::standalone {
 
+/// Whether an object of that type is a locator where it stands in a flow.
+QEN_STANDALONE_API bool isLocatorType(std::string_view p_type);
+
 /// The locators of one flow: the objects at which a callback function can be evaluated, by their names.
 class QEN_STANDALONE_API LocatorIndex {
 public:

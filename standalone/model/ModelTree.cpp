@@ -125,6 +125,18 @@ const ModelTree::Parameter* ModelTree::Object::find(std::string_view p_paramName
     return position == NameIndex<NameOf>::k_none ? nullptr : &parameters[position];
 }
 
+std::vector<std::string> ModelTree::Object::parameterNames() const
+{
+    if (m_tree->reader)
+        m_tree->reader->onChildrenRead(path, {});
+    std::vector<std::string> names;
+    names.reserve(parameters.size());
+    for (const Parameter& parameter : parameters)
+        names.push_back(parameter.name);
+    std::ranges::sort(names);
+    return names;
+}
+
 std::vector<const ModelTree::Object*>
 ModelTree::Object::childrenOf(std::initializer_list<std::string_view> p_types) const
 {
@@ -171,7 +183,8 @@ void ModelTree::setParameter(std::string_view p_objectPath, std::string_view p_p
 {
     Object& object = m_impl->add(p_objectPath);
     const std::uint32_t position = object.m_parameterIndex.find(object.parameters, p_paramName);
-    if (position != NameIndex<Object::NameOf>::k_none)
+    const bool isNew = position == NameIndex<Object::NameOf>::k_none;
+    if (!isNew)
     {
         if (object.parameters[position].value == p_value)
             return;
@@ -182,7 +195,7 @@ void ModelTree::setParameter(std::string_view p_objectPath, std::string_view p_p
         object.parameters.push_back({std::string(p_paramName), std::string(p_value)});
         object.m_parameterIndex.addNext(object.parameters);
     }
-    m_impl->changed({ModelChange::Kind::ParameterSet, object.path, object.type, p_paramName});
+    m_impl->changed({ModelChange::Kind::ParameterSet, object.path, object.type, p_paramName, isNew});
 }
 
 void ModelTree::deleteParameter(std::string_view p_objectPath, std::string_view p_paramName)

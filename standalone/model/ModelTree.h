@@ -28,7 +28,8 @@ struct ModelChange {
     Kind kind;
     std::string_view objectPath;    ///< empty for what is above the first level
     std::string_view objectType;
-    std::string_view paramName;    ///< empty where no parameter changed
+    std::string_view paramName;     ///< empty where no parameter changed
+    bool isNewParameter = false;    ///< that was set: the object did not have it
 };
 
 /// Is told of each change of a model behind it. The texts hold during the call, in which the model must not be changed.
@@ -49,6 +50,7 @@ public:
     /// The children of one type were looked at: which there are, and in which order.
     ///
     /// @param p_objectPath  Empty for the first level.
+    /// @param p_type        Empty for the parameters: which there are, in no order.
     virtual void onChildrenRead(std::string_view p_objectPath, std::string_view p_type) = 0;
 
 protected:
@@ -76,6 +78,9 @@ public:
 
         /// The parameter of that name; null when it is not set. Constant time.
         const Parameter* find(std::string_view p_paramName) const;
+
+        /// The names of its parameters, sorted.
+        std::vector<std::string> parameterNames() const;
 
         /// The children of some types, in the model's order.
         std::vector<const Object*> childrenOf(std::initializer_list<std::string_view> p_types) const;

@@ -74,6 +74,12 @@ ReadGraph::Scope::~Scope()
         m_graph->close();
 }
 
+void ReadGraph::Scope::abandon()
+{
+    if (m_graph)
+        m_graph->m_open.back().node = k_nobody;
+}
+
 ReadGraph::Pause::Pause(ReadGraph* p_graph) : m_graph(p_graph)
 {
     if (m_graph)
@@ -153,6 +159,8 @@ void ReadGraph::onModelChange(const ModelChange& p_change)
     case ModelChange::Kind::ParameterSet:
     case ModelChange::Kind::ParameterDeleted:
         change(node(Kind::Parameter, p_change.objectPath, p_change.paramName));
+        if (p_change.isNewParameter || p_change.kind == ModelChange::Kind::ParameterDeleted)
+            change(node(Kind::Children, p_change.objectPath));
         break;
     }
 }

@@ -24,14 +24,16 @@ public:
 
     /// What a node is about.
     enum class Kind : char {
-        Object = 'o',       ///< whether an object exists; its path
-        Parameter = 'p',    ///< a parameter's value; its object's path, its name
-        Children = 'c',     ///< which children of a type an object has; its path, the type
-        Locator = 'l',      ///< which objects of a flow have a name; the flow's, and that name
-        Physics = 'q',      ///< the answer of a physics query; its name, the path
-        Domain = 'd',       ///< what the names in a domain mean; its path
-        Material = 'm',     ///< what is in a material; its path
-        Check = 'k',        ///< the check of a parameter; its object's path, its name
+        Object = 'o',        ///< whether an object exists; its path
+        Parameter = 'p',     ///< a parameter's value; its object's path, its name
+        Children = 'c',      ///< children of a type that an object has, or its parameters; path, type
+        Locator = 'l',       ///< which objects of a flow have a name; the flow's, and that name
+        Physics = 'q',       ///< the answer of a physics query; its name, the path
+        Domain = 'd',        ///< what the names in a domain mean; its path
+        Material = 'm',      ///< what is in a material; its path
+        Expression = 'e',    ///< what a named expression means, or that of a monitor point; as a parameter
+        ArgumentExpression = 'a',    ///< the same in the argument of a callback function
+        Check = 'k',                 ///< the check of a parameter; its object's path, its name
     };
 
     /// The node of that kind and those names, made where it does not exist.
@@ -51,6 +53,9 @@ public:
 
         Scope(const Scope&) = delete;
         Scope& operator=(const Scope&) = delete;
+
+        /// Leaves the node the inputs that it had: it was not worked out.
+        void abandon();
 
     private:
         ReadGraph* m_graph;

@@ -12,6 +12,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -50,12 +51,16 @@ ExitStatus statusOf(const CaseReport& p_report)
     return errors ? k_errorsFound : k_clean;
 }
 
-/// Whether a file of the case is missing, unreadable or no text, so that the report cannot be whole.
+/// Whether a file of the case is missing, unreadable, too large or no text, or has so many problems that reading stopped,
+/// so that the report cannot be whole.
 bool couldNotBeRead(const QclDocument& p_case)
 {
-    return std::any_of(p_case.problems.begin(), p_case.problems.end(), [](const Diagnostic& p_problem) {
-        return p_problem.identifier == kindOf(QclProblem::FileUnreadable).identifier ||
-               p_problem.identifier == kindOf(QclProblem::FileBinary).identifier;
+    constexpr std::array k_problems {QclProblem::FileUnreadable, QclProblem::FileBinary, QclProblem::FileSize,
+                                     QclProblem::Problems};
+    return std::any_of(p_case.problems.begin(), p_case.problems.end(), [&](const Diagnostic& p_problem) {
+        return std::any_of(k_problems.begin(), k_problems.end(), [&](QclProblem p_kind) {
+            return p_problem.identifier == kindOf(p_kind).identifier;
+        });
     });
 }
 

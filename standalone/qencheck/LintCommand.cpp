@@ -54,7 +54,7 @@ std::string footer()
 /// Whether a file is missing, unreadable or no text, so that the report cannot be whole.
 bool couldNotBeRead(const Finding& p_problem)
 {
-    return p_problem.identifier == "missing-definitions" ||
+    return p_problem.identifier == "missing-definitions" || p_problem.identifier == "definition-folder" ||
            p_problem.identifier == kindOf(QclProblem::FileUnreadable).identifier ||
            p_problem.identifier == kindOf(QclProblem::FileBinary).identifier;
 }

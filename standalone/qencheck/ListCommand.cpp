@@ -115,6 +115,16 @@ std::string didYouMean(const std::string& p_text, const std::vector<std::string>
     return nearest.empty() ? "" : " Did you mean '" + nearest + "'?";
 }
 
+/// The check of a KIND: what is wrong with it; an empty text for nothing.
+std::string whyNoKind(const std::string& p_word)
+{
+    const std::vector<std::string> words = kindWords();
+    if (std::find(words.begin(), words.end(), p_word) != words.end())
+        return {};
+    return fmt::format("there is no kind '{}'; expected {}.{}", shown(p_word), joined(words),
+                       didYouMean(p_word, words));
+}
+
 void refuseUseless(const WordOption& p_option, const Kind& p_kind, bool p_isUseful, const char* p_useful)
 {
     if (!p_isUseful && !p_option.wanted.empty())
@@ -267,7 +277,7 @@ Subcommand addListCommand(CLI::App& p_command)
     const auto arguments = std::make_shared<ListArguments>();
     subcommand->add_option("KIND", arguments->kind, "What to list")
         ->required()
-        ->check(CLI::IsMember(kindWords()));
+        ->check(whyNoKind, "{" + fmt::format("{}", fmt::join(kindWords(), ",")) + "}");
     subcommand->add_option("PATTERN", arguments->pattern, "Show only what has such a name or quantity");
     subcommand
         ->add_option("--availability", arguments->availability,

@@ -4,6 +4,7 @@
 #include "ListCommand.h"
 #include "Options.h"
 #include "Subcommand.h"
+#include "UsageErrors.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -34,7 +35,8 @@ int main(int p_argc, char** p_argv)
 {
     CLI::App app("Checks the set-up of a simulation before it goes to the solver.", "qencheck");
     app.require_subcommand(1);
-    app.failure_message(CLI::FailureMessage::help);
+    app.failure_message(qencheck::usageError);
+    app.set_version_flag("--version", "qencheck " QENCHECK_VERSION);
 
     qencheck::Options options;
     options.executable = "/proc/self/exe";

@@ -3,6 +3,8 @@
 #include "StringUtilities.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <numeric>
 
 namespace qen::standalone {
@@ -34,6 +36,15 @@ std::size_t editDistance(std::string_view p_a, std::string_view p_b)
     return last.back();
 }
 
+/// Which letters a text holds, as far as 32 bits tell. An edit changes two of them at most.
+std::uint32_t lettersOf(std::string_view p_text)
+{
+    std::uint32_t letters = 0;
+    for (const char c : p_text)
+        letters |= std::uint32_t {1} << (static_cast<unsigned char>(c) % 32U);    // the same in both cases
+    return letters;
+}
+
 }    // namespace
 
 std::string nearestName(std::string_view p_name, const std::vector<std::string>& p_known)
@@ -42,12 +53,16 @@ std::string nearestName(std::string_view p_name, const std::vector<std::string>&
         return {};
 
     const std::string lower = StringUtilities::toLowerCase(std::string(p_name));
-    std::size_t closest =
-        std::max<std::size_t>(1, p_name.size() / 3) + 1;    // a third of the letters may be wrong
+    // A third of the letters may be wrong, but not all.
+    std::size_t closest = std::min(std::max<std::size_t>(1, p_name.size() / 3) + 1, p_name.size());
+    const std::uint32_t letters = lettersOf(p_name);
     std::string result;
     for (const std::string& known : p_known)
     {
-        if (known.size() > k_longestName)
+        const std::size_t difference =
+            known.size() > p_name.size() ? known.size() - p_name.size() : p_name.size() - known.size();
+        if (known.size() > k_longestName || difference >= closest ||
+            static_cast<std::size_t>(std::popcount(letters ^ lettersOf(known))) > 2 * (closest - 1))
             continue;
         const std::size_t distance = editDistance(lower, StringUtilities::toLowerCase(known));
         if (distance < closest)

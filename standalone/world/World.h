@@ -13,6 +13,7 @@ class PreVariableDefStore;
 
 namespace qen::standalone {
 
+class KeptExpressions;
 class ModelTree;
 class RuleBook;
 class UnitSystem;
@@ -25,6 +26,7 @@ struct QEN_STANDALONE_API World {
     const ExprCBFuncStore* callbacks = nullptr;
     const RuleBook* rules = nullptr;
     const ModelTree* model = nullptr;
+    KeptExpressions* expressions = nullptr;    ///< of that model; null where nothing is kept of them
 
     /// Takes what the library reports through the error reporter; where empty, a line on standard error is written.
     std::function<void(const ErrorMsg&)> onReport;

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace qencheck_test {
@@ -20,12 +22,39 @@ Outcome check(const std::string& p_text)
     return qencheck({"check", folder.write("case.qcl", p_text)});
 }
 
-TEST(BadInput, AnEmptyFileIsACleanCase)
+TEST(BadInput, AnEmptyFileIsACaseWithAWarning)
 {
-    const Outcome run = check("");
+    const TemporaryFolder folder;
+    const std::string file = folder.write("case.qcl", "");
+    const Outcome run = qencheck({"check", file});
 
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.out, HasSubstr("0 parameters checked: no problems"));
+    EXPECT_EQ(run.out, file + ": warning: The case holds no object. [empty-case]\n" + file +
+                           ": 0 parameters checked: 0 errors, 1 warning\n");
+}
+
+TEST(BadInput, AFileThatIsTooLargeCannotBeChecked)
+{
+    const TemporaryFolder folder;
+    const std::string file = folder.write("case.qcl", "");
+    std::filesystem::resize_file(file, std::uintmax_t {65} << 20);    // takes no room on the disk
+
+    const Outcome run = qencheck({"check", file});
+
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.out, HasSubstr("[limit-file-size]"));
+}
+
+TEST(BadInput, AFileOfWhichReadingStoppedCannotBeChecked)
+{
+    std::string text;
+    for (int i = 0; i < 20000; ++i)
+        text += "stray\n";
+
+    const Outcome run = check(text);
+
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.out, HasSubstr("[limit-problems]"));
 }
 
 TEST(BadInput, AFolderCannotBeChecked)

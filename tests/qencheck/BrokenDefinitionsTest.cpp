@@ -44,14 +44,14 @@ TEST(BrokenDefinitions, AreAllShownWithFileAndLineBeforeTheStatusTellsThatNothin
     EXPECT_THAT(
         run.out,
         AllOf(HasSubstr(path + "/UNITS.qcl:2:"), HasSubstr(path + "/RULES.qcl:2:"),
-              HasSubstr(path + "/VARIABLES.qcl:1:2: error: Error in 'Component Short Names' definition for "
+              HasSubstr(path + "/VARIABLES.qcl:3:25: error: Error in 'Component Short Names' definition for "
                                "variable 'swirl'. There are 2 short component names instead of 3. "
                                "[definition-error]\n"
-                               "    1 | [/VARIABLE:swirl]\n"
-                               "      |  ^~~~~~~~~~~~~~~\n"),
+                               "    3 | Component Short Names = a, b\n"
+                               "      |                         ^~~~\n"),
               HasSubstr(path + "/VARIABLES.qcl:5:2: error: The Variable Operator named 'Lap' does not "
                                "have a 'Long Name' parameter [definition-error]\n"),
-              HasSubstr(path + "/VARIABLES.qcl:8:2: error: Invalid value ('one') of 'Number of "
+              HasSubstr(path + "/VARIABLES.qcl:10:23: error: Invalid value ('one') of 'Number of "
                                "Arguments' read in definition of callback function 'girth'. "
                                "[definition-error]\n"),
               HasSubstr("The definitions hold errors: nothing was checked.\n"),
@@ -67,7 +67,7 @@ TEST(BrokenDefinitions, ThatOnlyEarnAWarningDoNotKeepACaseFromBeingChecked)
 
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.out,
-                AllOf(HasSubstr(path + "/VARIABLES.qcl:1:2: warning: Error in definition of variable "
+                AllOf(HasSubstr(path + "/VARIABLES.qcl:2:15: warning: Error in definition of variable "
                                        "'swirl'.\nThis variable has an unknown tensor type 'Scalar' "
                                        "and will be ignored. [definition-warning]\n"),
                       HasSubstr("1 parameter checked: no problems\n")));
@@ -94,7 +94,9 @@ TEST(BrokenDefinitions, OfAFolderThatIsNotThereAreNamed)
         qencheck({"check", "--definitions", "no/such/folder", folder.write("case.qcl", k_cleanCase)});
 
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(run.out, HasSubstr("There is no definition file 'VARIABLES.qcl' in 'no/such/folder'."));
+    EXPECT_THAT(run.out, testing::StartsWith(
+                             "qencheck: error: The definition folder 'no/such/folder' cannot be read: No "
+                             "such file or directory. [definition-folder]\n"));
 }
 
 }    // namespace

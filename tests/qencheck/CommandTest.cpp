@@ -32,9 +32,42 @@ TEST(Command, ShowsAnExampleWithTheHelpOfCheck)
                 AllOf(HasSubstr("Example:\n  qencheck check pump.qcl\n"), HasSubstr("Exit status: 0")));
 }
 
-TEST(Command, EndsWithStatusTwoWithoutASubcommand) { EXPECT_EQ(qencheck({}).status, 2); }
+TEST(Command, TellsItsVersion)
+{
+    const Outcome run = qencheck({"--version"});
 
-TEST(Command, EndsWithStatusTwoWithoutACase) { EXPECT_EQ(qencheck({"check"}).status, 2); }
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.out, testing::MatchesRegex("qencheck [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST(Command, EndsWithStatusTwoWithoutASubcommandAndNamesThem)
+{
+    const Outcome run = qencheck({});
+
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.error, AllOf(StartsWith("qencheck: a command is missing; expected check, "),
+                                 HasSubstr(" or "), testing::EndsWith("\nSee 'qencheck --help'.\n")));
+}
+
+TEST(Command, EndsWithStatusTwoForACommandThatIsNone)
+{
+    const Outcome run = qencheck({"lnit"});
+
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.error, AllOf(StartsWith("qencheck: there is no command 'lnit'; expected check, "),
+                                 testing::EndsWith(". Did you mean 'lint'?\nSee 'qencheck --help'.\n")));
+    EXPECT_THAT(qencheck({"bogus", "--color", "never"}).error,
+                AllOf(StartsWith("qencheck: there is no command 'bogus'; expected check, "),
+                      Not(HasSubstr("Did you mean"))));
+}
+
+TEST(Command, EndsWithStatusTwoWithoutACase)
+{
+    const Outcome run = qencheck({"check"});
+
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.error, "qencheck: check: CASE is required\nSee 'qencheck check --help'.\n");
+}
 
 TEST(Command, EndsWithStatusTwoForAnUnknownOption)
 {
@@ -77,7 +110,8 @@ TEST(Command, ReadsDefinitionsFromTheFolderThatIsGiven)
     const Outcome run = qencheck({"check", "--definitions", folder.path(), "examples/pump.qcl"});
 
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(run.out, HasSubstr("There is no definition file 'UNITS.qcl' in '" + folder.path() + "'."));
+    EXPECT_THAT(run.out, HasSubstr("The definition folder '" + folder.path() +
+                                   "' holds none of UNITS.qcl, RULES.qcl, PHYSICS.qcl and VARIABLES.qcl."));
 }
 
 TEST(Command, ReadsDefinitionsFromTheFolderThatTheEnvironmentNames)
@@ -87,7 +121,8 @@ TEST(Command, ReadsDefinitionsFromTheFolderThatTheEnvironmentNames)
     const Outcome run = qencheck({"check", "examples/pump.qcl"}, {"QENCHECK_DEFINITIONS=" + folder.path()});
 
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(run.out, HasSubstr("There is no definition file 'UNITS.qcl' in '" + folder.path() + "'."));
+    EXPECT_THAT(run.out, HasSubstr("The definition folder '" + folder.path() +
+                                   "' holds none of UNITS.qcl, RULES.qcl, PHYSICS.qcl and VARIABLES.qcl."));
 }
 
 TEST(Command, LetsLaterDefinitionsOverrideEarlierOnes)
@@ -119,7 +154,7 @@ TEST(Command, EndsWithStatusTwoWhenADefinitionIsBrokenAndShowsAllOfThem)
 
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.out,
-                HasSubstr(folder.path() + "/VARIABLES.qcl:1:2: error: Error in 'Component Short Names' "
+                HasSubstr(folder.path() + "/VARIABLES.qcl:3:25: error: Error in 'Component Short Names' "
                                           "definition for variable 'A'. There are 2 short component names "
                                           "instead of 3. [definition-error]\n"));
     EXPECT_THAT(run.out,
@@ -139,7 +174,7 @@ TEST(Command, ShowsDefinitionWarningsAndChecksAllTheSame)
         qencheck({"check", "--definitions", "definitions", "--definitions", folder.path(), caseFile});
 
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.out, HasSubstr("/VARIABLES.qcl:1:2: warning: Error in definition of variable 'A'.\n"
+    EXPECT_THAT(run.out, HasSubstr("/VARIABLES.qcl:2:15: warning: Error in definition of variable 'A'.\n"
                                    "This variable has an unknown tensor type 'scalar' and will be ignored. "
                                    "[definition-warning]\n"));
 }

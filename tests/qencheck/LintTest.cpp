@@ -128,11 +128,11 @@ TEST(LintCommand, ShowsWhatLoadingAndTheLintFindInOrderAndEachOnce)
             "    8 | Quantity = Presure\n"
             "      |            ^~~~~~~\n" +
             variables +
-            ":9:2: warning: Error in definition of variable 'C'.\n"
+            ":10:15: warning: Error in definition of variable 'C'.\n"
             "This variable has an unknown tensor type 'TENSOR' and will be ignored. "
             "[definition-warning]\n"
-            "    9 | [/VARIABLE:C]\n"
-            "      |  ^~~~~~~~~~~\n"
+            "   10 | Tensor Type = TENSOR\n"
+            "      |               ^~~~~~\n"
             "definitions: 15 variables, 2 operators, 2 callback functions, 8 parameters: 4 errors, "
             "2 warnings\n");
 }

@@ -301,17 +301,18 @@ INSTANTIATE_TEST_SUITE_P(
         Message {"AvailabilityOfParameters",
                  {"parameters", "--availability", "GENERAL"},
                  "qencheck: list parameters: --availability is for variables and operators only\n"},
-        Message {"UnknownKind",
-                 {"variable"},
-                 "ERROR: ValidationError: KIND: variable not in "
-                 "{variables,operators,callbacks,parameters,units}\n"},
+        Message {
+            "UnknownKind",
+            {"variable"},
+            "qencheck: list: KIND: there is no kind 'variable'; expected variables, operators, callbacks, "
+            "parameters, units. Did you mean 'variables'?\nSee 'qencheck list --help'.\n"},
         Message {"UnknownFormat",
                  {"variables", "--format", "xml"},
-                 "ERROR: ValidationError: --format: xml not in {text,json}\n"},
-        Message {"NoKind", {}, "ERROR: RequiredError: KIND is required\n"},
+                 "qencheck: list: --format: xml not in {text,json}\n"},
+        Message {"NoKind", {}, "qencheck: list: KIND is required\n"},
         Message {"TwoPatterns",
                  {"variables", "at", "wall"},
-                 "ERROR: list: The following argument was not expected: wall\n"}),
+                 "qencheck: list: The following argument was not expected: wall\n"}),
     [](const auto& p_info) { return std::string(p_info.param.name); });
 
 TEST_F(List, ShowsExamplesWithItsHelp)
@@ -358,7 +359,7 @@ TEST_F(List, WarnsOfAVariableThatIsIgnoredAndLeavesItOut)
 
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out, "Name  Type\nB     SCALAR\n");
-    EXPECT_THAT(run.error, AllOf(HasSubstr("/VARIABLES.qcl:1:2: warning: Error in definition of variable "
+    EXPECT_THAT(run.error, AllOf(HasSubstr("/VARIABLES.qcl:2:15: warning: Error in definition of variable "
                                            "'A'.\n"),
                                  EndsWith("\n1 variable\n")));
 }

@@ -77,7 +77,7 @@ TEST(CaseChecker, TellsAnExceptionAtTheParameterThatCausesItAndChecksTheRest)
 
     EXPECT_THAT(report.findings,
                 ElementsAre(FoundAt(2, 10, "wrong-units", testing::_),
-                            FoundAt(3, 1, "invalid-bound",
+                            FoundAt(3, 7, "invalid-bound",
                                     "Parameter 'Odd' in object '/FLOW:F/TEST' could not be checked: The "
                                     "lower or upper bound value "
                                     "for parameter 'Odd' has been specified with invalid units."),
@@ -89,8 +89,26 @@ TEST(CaseChecker, TellsAnExceptionOfADeferredCheckAtItsParameterToo)
     // Given an expression whose bound cannot be compared: only the run of what was deferred finds out
     const CaseReport report = check("Odd = 1 [s] * 2\nLengths = 1 [K] * 2\n");
 
-    EXPECT_THAT(report.findings, ElementsAre(FoundAt(2, 1, "invalid-bound", testing::_),
+    EXPECT_THAT(report.findings, ElementsAre(FoundAt(2, 7, "invalid-bound", testing::_),
                                              FoundAt(3, 11, "wrong-expression-units", testing::_)));
+}
+
+TEST(CaseChecker, TellsATensorTypeThatIsNotAllowedWhereItStandsAndNotWhereTheVariableIsUsed)
+{
+    const CaseReport report = check("Lengths = Dye * 1 [m], average@Inlet(Dye) * 1 [m]\n"
+                                    "[/FLOW:F/DOMAIN:D/BOUNDARY:Inlet]\n"
+                                    "[/FLOW:F/DOMAIN:D/FLUID MODELS/ADDITIONAL VARIABLE:Dye]\n"
+                                    "Option = Transport Equation\n"
+                                    "[/LIBRARY/ADDITIONAL VARIABLE:Dye]\n"
+                                    "Units = m m^-1\n"
+                                    "Tensor Type = SCALR\n");
+
+    EXPECT_THAT(report.findings,
+                ElementsAre(FoundAt(8, 15, "text-not-allowed",
+                                    "The text 'SCALR' is not allowed as value of parameter 'Tensor Type' in "
+                                    "object '/LIBRARY/ADDITIONAL VARIABLE:Dye'. Did you mean 'SCALAR'? "
+                                    "Allowed: 'SCALAR', 'VECTOR'.")));
+    EXPECT_FALSE(report.internalError);
 }
 
 TEST(CaseChecker, LeavesOutAListWhoseMessagesWouldFillTheMemory)
@@ -118,6 +136,38 @@ TEST(CaseChecker, ChecksListsOfThousandsOfItems)
 
     EXPECT_THAT(check("Lengths = " + list + ", -1 [m]\n").findings,
                 ElementsAre(FoundAt(2, 35018, "below-lower-bound", testing::_)));
+}
+
+TEST(CaseChecker, WarnsOfACaseWithoutObjects)
+{
+    static const RulesForTest rules(k_rules);
+    for (const char* text : {"", "# nothing but a comment\n\n"})
+    {
+        const CaseReport report = rules.check(text);
+
+        ASSERT_THAT(report.findings, ElementsAre(FoundAt(0, 0, "empty-case", "The case holds no object.")));
+        EXPECT_EQ(report.findings.front().severity, Severity::Warning);
+        EXPECT_EQ(report.findings.front().file, "case.qcl");
+    }
+}
+
+TEST(CaseChecker, LeavesItToTheReaderToSayWhyACaseHasNoObjects)
+{
+    EXPECT_THAT(RulesForTest(k_rules).check("stray = 1\n").findings, IsEmpty());
+}
+
+TEST(CaseChecker, LeavesItToTheReaderToSayWhyAValueIsMissing)
+{
+    // Given values that the reader refuses, on their first line or on a later one
+    EXPECT_THAT(check("Length = \x01 1 [m]\n").findings, IsEmpty());
+    EXPECT_THAT(check("Length = 1 [m] + \\\n  2 [m] + \\\n").findings, IsEmpty());
+    EXPECT_THAT(check("Lengths = 1 [m], \\  \n  \x01, \\\n 2 [m]\n").findings, IsEmpty());
+    EXPECT_THAT(check("Length = 1 [m]\n[/LIBRARY/QEL/EXPRESSIONS]\nPart = 2 * \\\n").findings, IsEmpty());
+
+    // Then a value that is missing is told all the same, though there is a problem behind it
+    EXPECT_THAT(check("Length =\nno parameter\n").findings,
+                ElementsAre(FoundAt(2, 1, "missing-value",
+                                    "The value of parameter 'Length' in object '/FLOW:F/TEST' is missing.")));
 }
 
 TEST(CaseChecker, FollowsProgressOverAllParameters)

@@ -8,6 +8,7 @@
 namespace qen::standalone {
 namespace {
 
+using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -97,14 +98,67 @@ TEST(ExpressionFindings, OfANamedExpressionStandWhereItStands)
                             "'y' and 'z'.")));
 }
 
-TEST(ExpressionFindings, LeaveAParameterAloneThatHasARecord)
+TEST(ExpressionFindings, StandBesideARecordOfAnotherPlace)
 {
-    const CaseReport report = check("Value = average@Outlet()\n");
-
-    EXPECT_THAT(report.findings,
-                ElementsAre(FoundAt(k_line, 17, "invalid-locator",
+    EXPECT_THAT(check("Value = average@Outlet()\n").findings,
+                ElementsAre(FoundAt(k_line, 9, "argument-count",
+                                    "The function 'average' is given 0 arguments. Expected 1."),
+                            FoundAt(k_line, 17, "invalid-locator",
                                     "An invalid or unrecognised locator 'Outlet' is referenced by parameter "
                                     "'Value' in object '/FLOW:F/DOMAIN:D/TEST'.")));
+    EXPECT_THAT(
+        check("Value = average@Outlet(Pressure), Velocity{q}\n").findings,
+        ElementsAre(FoundAt(k_line, 17, "invalid-locator", _), FoundAt(k_line, 35, "unknown-component", _)));
+}
+
+TEST(ExpressionFindings, LeaveAPlaceAloneThatHasARecord)
+{
+    // Given a component letter that the library refuses itself
+    EXPECT_THAT(
+        check("Value = area@Inlet(Pressure) * (1 + 1 [m]), Pressure{q}\n").findings,
+        ElementsAre(FoundAt(k_line, 33, "bad-expression", _), FoundAt(k_line, 45, "invalid-component", _)));
+}
+
+struct NotFinite {
+    const char* name;
+    const char* value;
+};
+
+class ValueThatIsNotFinite : public testing::TestWithParam<NotFinite> {};
+
+TEST_P(ValueThatIsNotFinite, IsAnError)
+{
+    const CaseReport report = check("Value = 1, " + std::string(GetParam().value) + "\n");
+
+    ASSERT_THAT(report.findings,
+                ElementsAre(FoundAt(k_line, 12, "value-not-finite",
+                                    "The value of parameter 'Value' in object '/FLOW:F/DOMAIN:D/TEST' is not "
+                                    "a finite number. Expected one of at most 3.4e38 in base units.")));
+    EXPECT_EQ(report.findings.front().severity, Severity::Error);
+    EXPECT_EQ(report.findings.front().length, std::string(GetParam().value).size());
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, ValueThatIsNotFinite,
+                         testing::Values(NotFinite {"Quotient", "0.5 [s] / 0"},
+                                         NotFinite {"NoNumber", "0 / 0"},
+                                         NotFinite {"BeyondSinglePrecision", "1e39"},
+                                         NotFinite {"BelowSinglePrecision", "-1e39"},
+                                         NotFinite {"BeyondInBaseUnits", "1e37 [km]"},
+                                         NotFinite {"Logarithm", "ln(-1)"}, NotFinite {"Root", "sqrt(-1)"}),
+                         [](const auto& p_info) { return std::string(p_info.param.name); });
+
+TEST(ExpressionFindings, TakeValuesAtTheEdgeOfSinglePrecision)
+{
+    EXPECT_THAT(check("Value = 3.4e38, -3.4e38, 1e-60, 1 / t * 1 [s] / 0\n").findings, IsEmpty());
+}
+
+TEST(ExpressionFindings, TellOfANamedExpressionThatIsNotFiniteWhereItStands)
+{
+    EXPECT_THAT(
+        check("Value = 2 * Part\n[/LIBRARY/QEL/EXPRESSIONS]\nPart = 1 / 0\nWhole = Part + 1\n").findings,
+        ElementsAre(FoundAt(k_line + 2, 8, "value-not-finite",
+                            "The value of the named expression 'Part' is not a finite number. "
+                            "Expected one of at most 3.4e38 in base units.")));
 }
 
 }    // namespace

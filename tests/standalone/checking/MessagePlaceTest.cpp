@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(Table, MessagePlace, testing::Values(
     PlaceCase {"Variable",        "Pressure = 1 [Pa] + Air.Pressure",       "prefix-error",          "Air.Pressure"},
     PlaceCase {"NamedExpression", "Pressure = 1 [Pa] + Rise",               "prefix-error",          "Rise"},
     PlaceCase {"Operator",        "Any = 1, Pressure.Foo",                  "invalid-operator",      "Pressure.Foo"},
-    PlaceCase {"OperatorInArgument", "Any = area@Inlet(Pressure.Foo)",      "invalid-operator",      "Pressure.Foo"},
+    PlaceCase {"OperatorInArgument", "Any = average@Inlet(Pressure.Foo)",   "invalid-operator",      "Pressure.Foo"},
     PlaceCase {"Locator",         "Any = average@Outlet(Pressure)",         "invalid-locator",       "Outlet"},
     PlaceCase {"Argument",        "Any = 3 * average@Inlet(2 * Pressure)",  "argument-not-a-variable", "2 * Pressure"},
     PlaceCase {"ArgumentOfTheSecondCall", "Any = average@Inlet(Pressure) - average@Inlet(x) * 1 [Pa m^-1]", "disallowed-argument", "x"},

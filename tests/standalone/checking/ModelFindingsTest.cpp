@@ -119,8 +119,9 @@ TEST(ModelFindings, TakeAPlainTextWithACommaAsOneText)
 
 TEST(ModelFindings, RefuseALogicalValueThatIsNone)
 {
-    EXPECT_THAT(check("[/TEST]\nSwitch = On\n").findings, IsEmpty());
-    EXPECT_THAT(check("[/TEST]\nSwitch = No\n").findings, IsEmpty());
+    for (const char* text : {"T", "True",  "TRUE",  "true",  "Yes", "YES", "yes", "On",  "ON",  "on",  "1",
+                             "F", "False", "FALSE", "false", "No",  "NO",  "no",  "Off", "OFF", "off", "0"})
+        EXPECT_THAT(check(std::string("[/TEST]\nSwitch = ") + text + "\n").findings, IsEmpty()) << text;
     EXPECT_THAT(
         check("[/TEST]\nSwitch = Perhaps\n").findings,
         ElementsAre(FoundAt(2, 10, "not-a-logical",
@@ -179,6 +180,19 @@ TEST(ModelFindings, TellOfUnitsThatAreNotWhereTheRulesLookForThem)
                     "The units of parameter 'Tracer' in object '/TEST' are not known, so that its value "
                     "cannot be checked. Expected units that are understood at '/LIBRARY/ADDITIONAL "
                     "VARIABLE:Dye/PARAMETER:Units'.")));
+}
+
+TEST(ModelFindings, TellOfUnitsOfAnAdditionalVariableThatAreNotUnderstood)
+{
+    const CaseReport report = check("[/LIBRARY/ADDITIONAL VARIABLE:Dye]\nUnits = kg zork^-1\n");
+
+    EXPECT_THAT(
+        report.findings,
+        ElementsAre(FoundAt(2, 9, "units-not-understood",
+                            testing::StartsWith("The units 'kg zork^-1' of parameter 'Units' in object "
+                                                "'/LIBRARY/ADDITIONAL VARIABLE:Dye' are not "
+                                                "understood: "))));
+    EXPECT_THAT(check("[/LIBRARY/ADDITIONAL VARIABLE:Dye]\nUnits = kg m^-3\n").findings, IsEmpty());
 }
 
 TEST(ModelFindings, LetNamedExpressionsHaveAnyName)

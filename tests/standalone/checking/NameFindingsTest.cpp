@@ -40,7 +40,45 @@ TEST(NameFindings, TellOfANameThatNoExpressionCanWrite)
 
 TEST(NameFindings, LeaveNamesAloneThatExpressionsDoNotMention)
 {
-    EXPECT_THAT(check("[/FLOW:F-16/DOMAIN:Wing (left)/BOUNDARY:Inlet-1]\n").findings, IsEmpty());
+    EXPECT_THAT(check("[/FLOW:F-16 (old)/DOMAIN:Wing-left/BOUNDARY:Inlet-1]\n"
+                      "[/FLOW:F-16 (old)/DOMAIN:Wing-left/FLUID MODELS/FLUID:Air (dry)]\n"
+                      "[/LIBRARY/COORDINATE FRAME:Rotor 1.5, turned]\n")
+                    .findings,
+                IsEmpty());
+}
+
+TEST(NameFindings, TellOfACoordinateFrameThatNoExpressionCanWrite)
+{
+    EXPECT_THAT(check("[/LIBRARY/COORDINATE FRAME:Rotor-1]\n").findings,
+                ElementsAre(FoundAt(1, 10, "name-not-writable",
+                                    "The name 'Rotor-1' of the object '/LIBRARY/COORDINATE FRAME:Rotor-1' "
+                                    "cannot be written in an expression. Expected a name without any of "
+                                    "( ) * / + - ^ [ ] { }.")));
+}
+
+TEST(NameFindings, TellOfALocatorThatNoExpressionCanWrite)
+{
+    EXPECT_THAT(check("[/FLOW:F/DOMAIN:Wing/BOUNDARY:Skin (left)]\n").findings,
+                ElementsAre(FoundAt(1, 21, "name-not-writable",
+                                    "The name 'Skin (left)' of the object "
+                                    "'/FLOW:F/DOMAIN:Wing/BOUNDARY:Skin (left)' cannot be written behind '@' "
+                                    "in an expression. Expected a name without '('.")));
+}
+
+TEST(NameFindings, TellOfAnAdditionalVariableThatIsHiddenOrHidesAConstant)
+{
+    const CaseReport report = check("[/LIBRARY/ADDITIONAL VARIABLE:Pressure]\nUnits = kg m^-3\n"
+                                    "[/LIBRARY/ADDITIONAL VARIABLE:pi]\nUnits = m\n");
+
+    EXPECT_THAT(report.findings,
+                ElementsAre(FoundAt(1, 2, "additional-variable-hidden",
+                                    "The additional variable 'Pressure' is never reached: in an expression "
+                                    "'Pressure' means the variable of that name."),
+                            FoundAt(3, 2, "constant-hidden",
+                                    "The additional variable 'pi' hides the constant of that name, which no "
+                                    "expression reaches any more.")));
+    for (const Finding& finding : report.findings)
+        EXPECT_EQ(finding.severity, Severity::Warning);
 }
 
 TEST(NameFindings, TellOfANamedExpressionThatIsHidden)

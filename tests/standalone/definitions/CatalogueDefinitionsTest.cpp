@@ -134,24 +134,35 @@ TEST_P(BrokenDefinitions, AreErrorsAtTheirPlaceAndTheNextIsLoaded)
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Variables, BrokenDefinitions, testing::Values(
     BrokenDefinition {"NameOfAnother", "[/VARIABLE:Pressure]\nTensor Type = SCALAR\n\n  [/VARIABLE:P]\nTensor Type = SCALAR\nLong Name = Pressure\n",
-        4, 4, "Duplicate definition of variable 'Pressure'."},
+        6, 13, "Duplicate definition of variable 'Pressure'."},
     BrokenDefinition {"ShortNamesOfComponents", "[/VARIABLE:S]\nTensor Type = SYMTEN2\nComponent Short Names = a, b, c, d, e\nComponent Long Names = aa, bb\n",
-        1, 2, "Error in 'Component Short Names' definition for variable 'S'. There are 5 short component names instead of 6."},
+        3, 25, "Error in 'Component Short Names' definition for variable 'S'. There are 5 short component names instead of 6."},
     BrokenDefinition {"LongNamesOfComponents", "[/VARIABLE:V]\nTensor Type = VECTOR\nComponent Short Names = a, b, c\nComponent Long Names = aa, bb\n",
-        1, 2, "Error in 'Component Long Names' definition for variable 'V'. There are 2 long components names instead of 3."},
+        4, 24, "Error in 'Component Long Names' definition for variable 'V'. There are 2 long components names instead of 3."},
     BrokenDefinition {"MisspeltKey", "[/VARIABLE:Pressure]\nTensor Type = SCALAR\n  Long Nam = Static\n",
         3, 3, "Unknown key 'Long Nam' in the definition '/VARIABLE:Pressure'. Did you mean 'Long Name'?"}),
     [](const auto& p_info) { return std::string(p_info.param.name); });
+
+TEST(BrokenDefinitions, ThatLackAKeyAreToldAtTheirHeaderWhateverElseTheMessageQuotes)
+{
+    // Given a message that names the missing key and quotes the text of another one
+    const Loaded loaded("[/VARIABLE:B]\nTensor Type = SCALAR\nGeneral Availability = QEL\n"
+                        "Output to Postprocessor = True\n");
+
+    ASSERT_EQ(loaded.problems.size(), 1U);
+    EXPECT_EQ(loaded.problems[0].line, 1U);
+    EXPECT_THAT(loaded.problems[0].message, testing::HasSubstr("A value of \"True\" has been assumed"));
+}
 
 INSTANTIATE_TEST_SUITE_P(Operators, BrokenDefinitions, testing::Values(
     BrokenDefinition {"NoTensorType", "[/VARIABLE OPERATOR:Rate]\nLong Name = Time Rate\n",
         1, 2, "The Variable Operator named 'Rate' does not have a 'Tensor Type' parameter"},
     BrokenDefinition {"UnknownTensorType", "[/VARIABLE OPERATOR:Rate]\nLong Name = Time Rate\nTensor Type = SYMTEN2\n",
-        1, 2, "The Variable Operator named 'Rate' has a 'Tensor Type' of unsupported type 'SYMTEN2'."},
+        3, 15, "The Variable Operator named 'Rate' has a 'Tensor Type' of unsupported type 'SYMTEN2'."},
     BrokenDefinition {"NoLongName", "[/VARIABLE OPERATOR:Rate]\nTensor Type = SCALAR\n",
         1, 2, "The Variable Operator named 'Rate' does not have a 'Long Name' parameter"},
     BrokenDefinition {"ComponentCount", "[/VARIABLE OPERATOR:Grad]\nTensor Type = VECTOR\nLong Name = Gradient\nComponent Short Names = a, b\nComponent Long Names = aa, bb, cc\n",
-        1, 2, "The Variable Operator named 'Grad' has an invalid 'Component Short Names' parameter"},
+        4, 25, "The Variable Operator named 'Grad' has an invalid 'Component Short Names' parameter"},
     BrokenDefinition {"SameNameTwice", "[/VARIABLE OPERATOR:Rate]\nTensor Type = SCALAR\nLong Name = Rate\n",
         1, 2, "Variable Operator 'Rate' already exists."},
     BrokenDefinition {"KeyOfAVariable", "[/VARIABLE OPERATOR:Rate]\nTensor Type = SCALAR\nLong Name = Time Rate\nQuantity = Frequency\n",
@@ -162,9 +173,9 @@ INSTANTIATE_TEST_SUITE_P(CallbackFunctions, BrokenDefinitions, testing::Values(
     BrokenDefinition {"MissingKey", "[/CALLBACK FUNCTION:area]\nResult Units = [m^2]\n",
         1, 2, "Missing parameter 'Number of Arguments' in definition of callback function 'area'."},
     BrokenDefinition {"UnitsWithoutBrackets", "[/CALLBACK FUNCTION:area]\nResult Units = m^2\n",
-        1, 2, "Invalid units string 'm^2' read in definition of callback function 'area'."},
+        2, 16, "Invalid units string 'm^2' read in definition of callback function 'area'."},
     BrokenDefinition {"NoNumber", "[/CALLBACK FUNCTION:area]\nResult Units = [m^2]\nNumber of Arguments = none\n",
-        1, 2, "Invalid value ('none') of 'Number of Arguments' read in definition of callback function 'area'."},
+        3, 23, "Invalid value ('none') of 'Number of Arguments' read in definition of callback function 'area'."},
     BrokenDefinition {"MisspeltKey", "[/CALLBACK FUNCTION:area]\nResult Units = [m^2]\nNumber of Arguments = 1\nCallback Type = Field\nCallBack Type = Scalar\nTensor Type = SCALAR\nLocator Dimension = Point\n",
         4, 1, "Unknown key 'Callback Type' in the definition '/CALLBACK FUNCTION:area'. Did you mean 'CallBack Type'?"}),
     [](const auto& p_info) { return std::string(p_info.param.name); });
@@ -188,11 +199,11 @@ TEST(BrokenDefinitions, WithUnitsThatAreNoneAreErrorsOfTheUnits)
                         "[/CALLBACK FUNCTION:area]\nResult Units = [acres]\nNumber of Arguments = 0\n");
 
     ASSERT_EQ(loaded.problems.size(), 3U);
-    EXPECT_EQ(loaded.problems[0].line, 1U);
+    EXPECT_EQ(loaded.problems[0].line, 4U);
     EXPECT_THAT(loaded.problems[0].message, testing::HasSubstr("'parsec'"));
-    EXPECT_EQ(loaded.problems[1].line, 5U);
+    EXPECT_EQ(loaded.problems[1].line, 8U);
     EXPECT_THAT(loaded.problems[1].message, testing::HasSubstr("'Parity'"));
-    EXPECT_EQ(loaded.problems[2].line, 9U);
+    EXPECT_EQ(loaded.problems[2].line, 10U);
     EXPECT_THAT(loaded.problems[2].message, testing::HasSubstr("'acres'"));
 }
 
@@ -221,10 +232,10 @@ TEST(BrokenDefinitions, AreReportedInTheOrderOfTheText)
     std::vector<std::uint32_t> lines;
     for (const Finding& problem : loaded.problems)
         lines.push_back(problem.line);
-    EXPECT_THAT(lines, ElementsAre(1, 5, 6, 8));
+    EXPECT_THAT(lines, ElementsAre(2, 5, 6, 8));
 }
 
-TEST(CatalogueDefinitions, ShowWhatTheStoreReportsAtTheSection)
+TEST(CatalogueDefinitions, ShowWhatTheStoreReportsAtTheKeyOrTheSection)
 {
     const Loaded loaded("[/VARIABLE:Pressure]\nTensor Type = SCALAR\nGeneral Availability = QEL\n"
                         "[/VARIABLE:Spin]\nTensor Type = Pseudovector\n");
@@ -236,7 +247,7 @@ TEST(CatalogueDefinitions, ShowWhatTheStoreReportsAtTheSection)
                       "Error in definition of variable 'Pressure'.\nThis variable has QEL availability "
                       "but does not have a \"Field Variable\" parameter.\nA value of \"True\" has been "
                       "assumed but this may not be correct."),
-            problemAt(4, 2, Severity::Warning,
+            problemAt(5, 15, Severity::Warning,
                       "Error in definition of variable 'Spin'.\nThis variable has an unknown tensor "
                       "type 'Pseudovector' and will be ignored.")));
 }

@@ -5,6 +5,9 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
 
 namespace qen::standalone {
 namespace {
@@ -54,20 +57,76 @@ TEST_F(DefinitionFolders, AreThoseOfTheBuildOtherwise)
     EXPECT_THAT(definitionFolders({}, "/no/such/executable"), ElementsAre(EndsWith("/definitions")));
 }
 
-TEST(Definitions, NameEveryFileThatNoFolderHolds)
-{
-    const Definitions definitions({"/no/such/folder", "/nor/this"});
+/// A folder of the test; gone with the object.
+class Folder {
+public:
+    Folder()
+    {
+        m_path = testing::TempDir() + "/definitions-XXXXXX";
+        EXPECT_NE(mkdtemp(m_path.data()), nullptr);
+    }
 
+    ~Folder() { std::filesystem::remove_all(m_path); }
+
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    const std::string& path() const { return m_path; }
+
+    void write(const std::string& p_file) const { std::ofstream(m_path + "/" + p_file) << "# nothing\n"; }
+
+private:
+    std::string m_path;
+};
+
+std::vector<std::string> problemsOf(const std::vector<std::string>& p_folders)
+{
+    const Definitions definitions(p_folders);
     std::vector<std::string> messages;
     for (const Finding& problem : definitions.problems())
         messages.push_back(problem.message);
+    EXPECT_EQ(definitions.hasErrors(), !messages.empty());
+    return messages;
+}
+
+TEST(Definitions, NameEveryFileThatNoFolderHoldsAndHowToAddToTheShippedOnes)
+{
+    const Folder one;
+    const Folder other;
+    std::filesystem::copy(QENCHECK_PROJECT "/definitions/PHYSICS.qcl", one.path());
+    other.write("UNITS.qcl");
+
     EXPECT_THAT(
-        messages,
-        ElementsAre("There is no definition file 'UNITS.qcl' in '/no/such/folder', '/nor/this'.",
-                    "There is no definition file 'RULES.qcl' in '/no/such/folder', '/nor/this'.",
-                    "There is no definition file 'PHYSICS.qcl' in '/no/such/folder', '/nor/this'.",
-                    "There is no definition file 'VARIABLES.qcl' in '/no/such/folder', '/nor/this'."));
-    EXPECT_TRUE(definitions.hasErrors());
+        problemsOf({one.path(), other.path()}),
+        ElementsAre("There is no definition file 'RULES.qcl' in '" + one.path() + "', '" + other.path() +
+                        "'.",
+                    "There is no definition file 'VARIABLES.qcl' in '" + one.path() + "', '" + other.path() +
+                        "'. Folders that are given replace the one that is shipped; to add to that, "
+                        "name it first: --definitions " QENCHECK_PROJECT "/definitions --definitions " +
+                        one.path() + "."));
+}
+
+TEST(Definitions, NameAFolderThatIsNotThere)
+{
+    EXPECT_THAT(problemsOf({QENCHECK_PROJECT "/definitions", "typo"}),
+                ElementsAre("The definition folder 'typo' cannot be read: No such file or directory."));
+}
+
+TEST(Definitions, NameAFolderThatIsAFile)
+{
+    EXPECT_THAT(problemsOf({QENCHECK_PROJECT "/definitions", QENCHECK_PROJECT "/definitions/UNITS.qcl"}),
+                ElementsAre("The definition folder '" QENCHECK_PROJECT
+                            "/definitions/UNITS.qcl' cannot be read: Not a directory."));
+}
+
+TEST(Definitions, NameAFolderThatHoldsNoDefinitions)
+{
+    const Folder folder;
+    folder.write("units.qcl");
+
+    EXPECT_THAT(problemsOf({QENCHECK_PROJECT "/definitions", folder.path()}),
+                ElementsAre("The definition folder '" + folder.path() +
+                            "' holds none of UNITS.qcl, RULES.qcl, PHYSICS.qcl and VARIABLES.qcl."));
 }
 
 }    // namespace

@@ -61,7 +61,14 @@ INSTANTIATE_TEST_SUITE_P(Syntax, BadExpression, ::testing::Values(
     BadCase {"FunctionWithoutArgument", "sin()", "Column 5: expected a number, a name, a sign or '(', but found ')'.", 4, 1},
     BadCase {"ArgumentMissing", "min(1,)", "Column 7: expected a number, a name, a sign or '(', but found ')'.", 6, 1},
     BadCase {"CommaOutside", "1, 2", "Column 2: expected an operator or the end of the expression, but found ','.", 1, 1},
-    BadCase {"TwoBlanksInName", "Total  Pressure", "Column 1: 'Total' is not known; expected a variable, an additional variable, a constant or a named expression.", 0, 5},
+    BadCase {"TwoBlanksInName", "Total  Pressure", "Column 1: 'Total' is not known; expected a variable, an additional variable, a constant or a named expression. Words of a name are parted by one blank.", 0, 5},
+    BadCase {"TwoBlanksBehindKnownName", "Velocity  u", "Column 11: expected an operator or the end of the expression, but found 'u'. Words of a name are parted by one blank.", 10, 1},
+    BadCase {"TabInName", "Velocity\tu", "Column 10: expected an operator or the end of the expression, but found 'u'. Words of a name are parted by one blank.", 9, 1},
+    BadCase {"UnitsWithoutBrackets", "2 * 0.5 s", "Column 9: expected an operator or the end of the expression, but found 's'. Units stand in brackets: '0.5 [s]'.", 8, 1},
+    BadCase {"UnitsWithoutBracketsOrBlank", "(30deg)", "Column 4: expected an operator or ')', but found 'deg'. Units stand in brackets: '30 [deg]'.", 3, 3},
+    BadCase {"UnknownUnitsWithoutBrackets", "5 sec", "Column 3: expected an operator or the end of the expression, but found 'sec'. Units stand in brackets: '5 [sec]'.", 2, 3},
+    BadCase {"NameBehindUnits", "2 [m] s", "Column 7: expected an operator or the end of the expression, but found 's'.", 6, 1},
+    BadCase {"TwoStars", "2 ** 3", "Column 4: expected a number, a name, a sign or '(', but found '*'. A power is written '^'.", 3, 1},
     BadCase {"ForeignSign", "2 × 3", "Column 3: expected an operator or the end of the expression, but found '×'.", 2, 2},
     BadCase {"ControlCharacter", "1 + \x01", "Column 5: expected a number, a name, a sign or '(', but found ' '.", 4, 1},
     BadCase {"BrokenUtf8", "1 + \xC3", "Column 5: expected a number, a name, a sign or '(', but found '\xC3'.", 4, 1},
@@ -72,6 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Syntax, BadExpression, ::testing::Values(
     BadCase {"BracesLeftOpen", "Velocity{x", "Column 11: expected '}' or ':' and a coordinate frame, but found the end of the expression.", 10, 0},
     BadCase {"NoFrame", "Velocity{x:}", "Column 12: expected the name of a coordinate frame, but found '}'.", 11, 1},
     BadCase {"FrameLeftOpen", "Velocity{:Rotor", "Column 16: expected '}', but found the end of the expression.", 15, 0},
+    BadCase {"FrameWithASign", "Velocity{y:Rotor-1}", "Column 17: expected '}' or more of the name of a coordinate frame, which holds none of ( ) * / + - ^ [ ], but found '-'.", 16, 1},
     BadCase {"HugeNumber", "1e999", "Column 1: the number '1e999' is beyond double precision; expected one between 1e-307 and 1e308.", 0, 5}),
     caseName);
 
@@ -127,7 +135,9 @@ INSTANTIATE_TEST_SUITE_P(Dimensions, BadExpression, ::testing::Values(
 
 INSTANTIATE_TEST_SUITE_P(Names, BadExpression, ::testing::Values(
     BadCase {"Unknown", "1 + Foo", "Column 5: 'Foo' is not known; expected a variable, an additional variable, a constant or a named expression.", 4, 3},
-    BadCase {"LetterCaseMatters", "pressure", "Column 1: 'pressure' is not known; expected a variable, an additional variable, a constant or a named expression.", 0, 8},
+    BadCase {"LetterCaseMatters", "pressure", "Column 1: 'pressure' is not known; expected a variable, an additional variable, a constant or a named expression. Did you mean 'Pressure'?", 0, 8},
+    BadCase {"Misspelt", "2 * Velocty u", "Column 5: 'Velocty u' is not known; expected a variable, an additional variable, a constant or a named expression. Did you mean 'Velocity u'?", 4, 9},
+    BadCase {"MisspeltConstant", "speed of ligth", "Column 1: 'speed of ligth' is not known; expected a variable, an additional variable, a constant or a named expression. Did you mean 'speed of light'?", 0, 14},
     BadCase {"NoKnownComponent", "Water.Foo{x}", "Column 1: no component of 'Water.Foo{x}' is known; expected a variable or an additional variable.", 0, 12},
     BadCase {"ConstantWithBraces", "pi{x}", "Column 1: 'pi' is a constant and has no components or coordinate frames; expected it without braces.", 0, 5},
     BadCase {"NamedExpressionWithBraces", "Loop{x}", "Column 1: 'Loop' is a named expression and has no components or coordinate frames; expected it without braces.", 0, 7},
@@ -142,6 +152,8 @@ INSTANTIATE_TEST_SUITE_P(Names, BadExpression, ::testing::Values(
 
 INSTANTIATE_TEST_SUITE_P(CallbackFunctions, BadExpression, ::testing::Values(
     BadCase {"Unknown", "2 * mean@Inlet(Pressure)", "Column 5: the function 'mean' is not known; expected a function of mathematics or a callback function.", 4, 4},
+    BadCase {"Misspelt", "avrage@Inlet(Pressure)", "Column 1: the function 'avrage' is not known; expected a function of mathematics or a callback function. Did you mean 'average'?", 0, 6},
+    BadCase {"MisspeltMathematics", "Sin(1)", "Column 1: the function 'Sin' is not known; expected a function of mathematics or a callback function. Did you mean 'sin'?", 0, 3},
     BadCase {"UnknownWithoutLocator", "time()", "Column 1: the function 'time' is not known; expected a function of mathematics or a callback function.", 0, 4},
     BadCase {"MathematicsAtALocator", "sin@Inlet(theta)", "Column 1: the function 'sin' is not known; expected a function of mathematics or a callback function.", 0, 3},
     BadCase {"DimensionsOfResult", "1 [m] + area@Wall()", "Column 1: the operands of '+' in column 7 have the dimensions 'm' and 'm^2'; expected equal ones.", 0, 19},

@@ -30,6 +30,14 @@ TEST(NearestName, IsEmptyWhenNothingIsClose)
     EXPECT_EQ(nearestName("Speed", {}), "");
 }
 
+TEST(NearestName, IsEmptyWhenNothingIsShared)
+{
+    EXPECT_EQ(nearestName("x", {"y", "xy"}), "");
+    EXPECT_EQ(nearestName("x", {"y", "X"}), "X");
+    EXPECT_EQ(nearestName("ab", {"cd", "ad"}), "ad");
+    EXPECT_EQ(nearestName("", {"a", ""}), "");
+}
+
 TEST(NearestName, DoesNotCompareNamesOfUnusualLength)
 {
     const std::string longName(100000, 'a');
