@@ -4,6 +4,7 @@
 #include "text/Blanks.h"
 
 #include <algorithm>
+#include <bit>
 #include <filesystem>
 #include <fmt/format.h>
 #include <limits>
@@ -17,6 +18,8 @@ namespace qen::standalone {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::uint32_t k_everyLine = std::numeric_limits<std::uint32_t>::max();
 
 std::string_view nameOf(const SectionParameter& p_parameter, std::string_view p_text)
 {
@@ -49,6 +52,23 @@ std::pair<std::string_view, std::size_t> firstLine(std::string_view p_text)
     return {line, bytes};
 }
 
+/// A parameter of a section as one of the document.
+///
+/// @param p_place  Where the section begins.
+/// @param p_text   The section's text.
+inline QclParameter placed(const SectionParameter& p_parameter, const ParsedSection& p_section,
+                           SourcePlace p_place, const char* p_text)
+{
+    const QclJoinedValue* const joined =
+        p_parameter.joinedPlus1 == 0 ? nullptr : p_section.joinedValues[p_parameter.joinedPlus1 - 1].get();
+    return {{p_text + p_parameter.name, p_parameter.nameLength},
+            joined ? std::string_view(joined->text)
+                   : std::string_view(p_text + p_parameter.value, p_parameter.valueLength),
+            {p_place.file, p_place.line + p_parameter.line, p_parameter.nameColumn},
+            p_parameter.valueColumn,
+            joined};
+}
+
 }    // namespace
 
 DocumentBuilder::DocumentBuilder(const QclLimits& p_limits, SectionSource& p_sections)
@@ -57,6 +77,53 @@ DocumentBuilder::DocumentBuilder(const QclLimits& p_limits, SectionSource& p_sec
     // Lines, columns and positions are counted in 32 bits.
     m_limits.fileBytes =
         std::min<std::size_t>(m_limits.fileBytes, std::numeric_limits<std::uint32_t>::max() - 1);
+}
+
+void DocumentBuilder::expectObjects(std::size_t p_count)
+{
+    m_document.objects.reserve(p_count);
+    m_objectIndex.reserve(p_count);
+}
+
+std::uint32_t DocumentBuilder::ObjectIndex::find(const std::vector<QclObject>& p_objects,
+                                                 std::string_view p_path, std::size_t p_hash) const
+{
+    if (m_slots.empty())
+        return k_none;
+    const std::size_t mask = m_slots.size() - 1;
+    const auto part = static_cast<std::uint32_t>(p_hash);
+    for (std::size_t at = part & mask; m_slots[at].positionPlus1 != 0; at = (at + 1) & mask)
+        if (m_slots[at].hash == part && p_objects[m_slots[at].positionPlus1 - 1].path == p_path)
+            return m_slots[at].positionPlus1 - 1;
+    return k_none;
+}
+
+void DocumentBuilder::ObjectIndex::reserve(std::size_t p_count)
+{
+    constexpr std::size_t k_fewest = 64;
+    if (2 * p_count <= m_slots.size())
+        return;
+    const std::vector<Slot> known =
+        std::exchange(m_slots, std::vector<Slot>(std::bit_ceil(std::max(k_fewest, 2 * p_count))));
+    for (const Slot& slot : known)
+        if (slot.positionPlus1 != 0)
+            place(slot);
+}
+
+void DocumentBuilder::ObjectIndex::addNext(std::size_t p_hash)
+{
+    ++m_count;
+    reserve(m_count);
+    place({static_cast<std::uint32_t>(p_hash), m_count});
+}
+
+void DocumentBuilder::ObjectIndex::place(const Slot& p_slot)
+{
+    const std::size_t mask = m_slots.size() - 1;
+    std::size_t at = p_slot.hash & mask;
+    while (m_slots[at].positionPlus1 != 0)
+        at = (at + 1) & mask;
+    m_slots[at] = p_slot;
 }
 
 QclDocument DocumentBuilder::readFile(const std::string& p_path)
@@ -141,21 +208,30 @@ void DocumentBuilder::addSection(const ParsedSection& p_section, std::string_vie
     }
 
     const std::string_view path = p_text.substr(p_section.path, p_section.pathLength);
-    const std::uint32_t known = m_objectIndex.find(m_document.objects, path);
-    if (known != NameIndex<PathOf>::k_none)
+    const std::uint32_t known = m_objectIndex.find(m_document.objects, path, p_section.pathHash);
+    if (known != ObjectIndex::k_none)
         return addToObject(known, p_section, p_text);
 
     QclObject& object = m_document.objects.emplace_back();
-    object.path = path;
+    object.path = std::string(path);
     object.place = {m_place.file, m_place.line, p_section.pathColumn};
-    m_objectIndex.addNext(m_document.objects);
+    m_objectIndex.addNext(p_section.pathHash);
 
-    const std::uint32_t lastLine = addProblems(p_section, p_text, &object, {});
-    object.parameters.reserve(p_section.parameters.size());
-    for (const SectionParameter& parameter : p_section.parameters)
-        if (parameter.line <= lastLine)
-            object.parameters.push_back(placed(parameter, p_section, p_text));
+    const std::uint32_t lastLine =
+        p_section.problems.empty() ? k_everyLine : addProblems(p_section, p_text, &object, {});
+    const std::size_t count = lastLine == k_everyLine
+                                  ? p_section.parameters.size()
+                                  : static_cast<std::size_t>(std::ranges::count_if(
+                                        p_section.parameters, [&](const SectionParameter& p_parameter) {
+                                            return p_parameter.line <= lastLine;
+                                        }));
+    object.parameters.resize(count);
+    const SectionParameter* from = p_section.parameters.data();
+    const SourcePlace place = m_place;
+    for (QclParameter& parameter : object.parameters)
+        parameter = placed(*from++, p_section, place, p_text.data());
     keepJoinedValues(p_section);
+    object.content = m_stopped ? 0 : m_sections.content(0);
 }
 
 /// Adds a section to an object that has an earlier one.
@@ -179,33 +255,17 @@ void DocumentBuilder::addToObject(std::uint32_t p_object, const ParsedSection& p
         const SectionParameter& parameter = p_section.parameters[number];
         if (earlier[number] != Names::k_none || parameter.line > lastLine)
             continue;
-        object.parameters.push_back(placed(parameter, p_section, p_text));
+        object.parameters.push_back(placed(parameter, p_section, m_place, p_text.data()));
         names.addNext(object.parameters);
     }
     keepJoinedValues(p_section);
-}
-
-QclParameter DocumentBuilder::placed(const SectionParameter& p_parameter, const ParsedSection& p_section,
-                                     std::string_view p_text) const
-{
-    QclParameter parameter;
-    parameter.name = nameOf(p_parameter, p_text);
-    parameter.place = {m_place.file, m_place.line + p_parameter.line, p_parameter.nameColumn};
-    if (p_parameter.joinedPlus1 == 0)
-    {
-        parameter.value = {p_text.data() + p_parameter.value, p_parameter.valueLength};
-        parameter.valueColumn = p_parameter.valueColumn;
-    }
-    else
-    {
-        parameter.joined = p_section.joinedValues[p_parameter.joinedPlus1 - 1].get();
-        parameter.value = parameter.joined->text;
-    }
-    return parameter;
+    object.content = m_stopped ? 0 : m_sections.content(object.content);
 }
 
 void DocumentBuilder::keepJoinedValues(const ParsedSection& p_section)
 {
+    if (p_section.joinedValues.empty())
+        return;
     m_document.joinedValues.insert(m_document.joinedValues.end(), p_section.joinedValues.begin(),
                                    p_section.joinedValues.end());
 }
@@ -265,7 +325,7 @@ std::uint32_t DocumentBuilder::addProblems(const ParsedSection& p_section, std::
         if (m_stopped)
             return line;
     }
-    return std::numeric_limits<std::uint32_t>::max();
+    return k_everyLine;
 }
 
 /// Reads the line of an include, and what it includes.

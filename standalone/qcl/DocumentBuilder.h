@@ -23,6 +23,11 @@ public:
     /// the document is complete. What is handed back is used before the next call.
     virtual const ParsedSection& section(SectionKind p_kind, std::string_view p_text) = 0;
 
+    /// The number for the content of an object to which the section at hand was added: see QclObject.
+    ///
+    /// @param p_earlier  That for its earlier sections; 0 when this is its first one.
+    virtual std::uint64_t content(std::uint64_t p_earlier) = 0;
+
 protected:
     ~SectionSource() = default;
 };
@@ -32,6 +37,9 @@ protected:
 class DocumentBuilder {
 public:
     DocumentBuilder(const QclLimits& p_limits, SectionSource& p_sections);
+
+    /// Makes room for so many objects; there may be more or less.
+    void expectObjects(std::size_t p_count);
 
     QclDocument readFile(const std::string& p_path);
     QclDocument readText(const std::string& p_name, const std::string& p_text);
@@ -43,23 +51,41 @@ private:
         std::string identity;
     };
 
-    struct PathOf {
-        std::string_view operator()(const QclObject& p_object) const { return p_object.path; }
-    };
-
     struct NameOf {
         std::string_view operator()(const QclParameter& p_parameter) const { return p_parameter.name; }
     };
 
     using Names = NameIndex<NameOf>;
 
+    /// Finds the objects by their paths. The hashes come with the sections.
+    class ObjectIndex {
+    public:
+        /// The position of an object; k_none when there is none.
+        std::uint32_t find(const std::vector<QclObject>& p_objects, std::string_view p_path,
+                           std::size_t p_hash) const;
+
+        void reserve(std::size_t p_count);
+        void addNext(std::size_t p_hash);
+
+        static constexpr std::uint32_t k_none = 0xFFFFFFFF;
+
+    private:
+        struct Slot {
+            std::uint32_t hash = 0;    // a part of it
+            std::uint32_t positionPlus1 = 0;
+        };
+
+        void place(const Slot& p_slot);
+
+        std::vector<Slot> m_slots;    // a power of two, at most half of them taken
+        std::uint32_t m_count = 0;
+    };
+
     void readBytesOf(const std::string& p_path, std::string p_bytes);
     void readSections(std::string_view p_text);
 
     void addSection(const ParsedSection& p_section, std::string_view p_text);
     void addToObject(std::uint32_t p_object, const ParsedSection& p_section, std::string_view p_text);
-    QclParameter placed(const SectionParameter& p_parameter, const ParsedSection& p_section,
-                        std::string_view p_text) const;
     void keepJoinedValues(const ParsedSection& p_section);
     std::uint32_t addProblems(const ParsedSection& p_section, std::string_view p_text,
                               const QclObject* p_object, const std::vector<std::uint32_t>& p_earlier);
@@ -79,7 +105,7 @@ private:
     std::vector<OpenFile> m_open;    // the file that is being read is the last
     SourcePlace m_place;             // the first line of what is being read; its column says nothing
     std::string_view m_line;         // of an include, its text
-    NameIndex<PathOf> m_objectIndex;
+    ObjectIndex m_objectIndex;
     std::unordered_map<std::uint32_t, Names> m_reopenedObjects;    // those that have several sections
     std::size_t m_bytesRead = 0;
     std::size_t m_filesIncluded = 0;

@@ -3,6 +3,9 @@
 #include "qcl/DocumentBuilder.h"
 #include "qcl/SectionParser.h"
 
+#include <cstdint>
+#include <string_view>
+
 namespace qen::standalone {
 
 namespace {
@@ -17,6 +20,8 @@ public:
         m_parser.parse(p_kind, p_text, m_section);
         return m_section;
     }
+
+    std::uint64_t content(std::uint64_t) override { return 0; }
 
 private:
     SectionParser m_parser;

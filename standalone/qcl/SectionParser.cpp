@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <fmt/format.h>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -27,6 +28,9 @@ bool isInclude(std::string_view p_trimmed)
            trimmedLeft(p_trimmed.substr(k_include.size())).starts_with('"');
 }
 
+/// Whether a value goes on in the next line behind such an end.
+bool continues(std::string_view p_line) { return trimmedRight(p_line).ends_with('\\'); }
+
 bool isPlaceholderThatLaterArgumentsFill(char p_first, char p_second)
 {
     return p_first == '%' && p_second >= '2' && p_second <= '5';
@@ -34,7 +38,7 @@ bool isPlaceholderThatLaterArgumentsFill(char p_first, char p_second)
 
 }    // namespace
 
-LineStart lineStart(std::string_view p_text)
+LineStart lineStartBehindBlanks(std::string_view p_text)
 {
     std::size_t at = 0;
     while (at < p_text.size() && isBlank(p_text[at]) && p_text[at] != '\n')
@@ -66,6 +70,32 @@ std::optional<LineFault> findLineFault(std::string_view p_line)
                     "but tabs and line ends.",
                     byte == 0xC2 ? static_cast<unsigned char>(p_line[fault.offset + 1]) : byte),
         fault.offset};
+}
+
+std::size_t sectionLength(SectionKind p_kind, std::string_view p_text)
+{
+    std::string_view rest = p_text;
+    const auto takeLine = [&] {
+        const std::size_t lineFeed = rest.find('\n');
+        const std::string_view line = rest.substr(0, lineFeed);
+        rest.remove_prefix(lineFeed == std::string_view::npos ? rest.size() : lineFeed + 1);
+        return line;
+    };
+
+    if (p_kind == SectionKind::Headed)
+        takeLine();
+    while (!rest.empty() && lineStart(rest) == LineStart::Other)
+    {
+        const std::string_view line = trimmedLeft(takeLine());
+        if (line.starts_with('#'))
+            continue;
+        const std::size_t equals = line.find('=');
+        if (equals == std::string_view::npos)
+            continue;
+        for (std::string_view value = line.substr(equals + 1); continues(value) && !rest.empty();)
+            value = takeLine();
+    }
+    return p_text.size() - rest.size();
 }
 
 void ParsedSection::clear()
@@ -232,6 +262,7 @@ void SectionParser::readHeader(std::string_view p_text, bool p_clean)
     m_section->hasObject = true;
     m_section->path = offsetOf(path);
     m_section->pathLength = toNumber(path.size());
+    m_section->pathHash = std::hash<std::string_view> {}(path);
     m_section->pathColumn = columnOf(path);
 }
 
@@ -361,10 +392,10 @@ void SectionParser::readParameter(std::string_view p_name, std::string_view p_be
 {
     SectionParameter* const parameter = p_clean ? addParameter(p_name) : nullptr;
 
-    const std::string_view value = trimmed(p_behindEquals);
-    if (value.ends_with('\\'))
+    if (continues(p_behindEquals))
         return readJoinedValue(p_behindEquals, p_clean, parameter);
 
+    const std::string_view value = trimmed(p_behindEquals);
     SectionParameter unwanted;
     SectionParameter& read = parameter ? *parameter : unwanted;
     read.value = offsetOf(p_behindEquals);
@@ -396,8 +427,8 @@ void SectionParser::readJoinedValue(std::string_view p_behindEquals, bool p_clea
     for (std::string_view rest = p_behindEquals;;)
     {
         std::string_view stretch = trimmed(rest);
-        const bool continues = stretch.ends_with('\\');
-        if (continues)
+        const bool goesOn = continues(stretch);
+        if (goesOn)
             stretch.remove_suffix(1);
 
         if (good && stretch.size() > m_limits.valueBytes - joined->text.size())
@@ -411,7 +442,7 @@ void SectionParser::readJoinedValue(std::string_view p_behindEquals, bool p_clea
             joined->text += stretch;
         }
 
-        if (!continues)
+        if (!goesOn)
             break;
         if (!hasMore())
         {

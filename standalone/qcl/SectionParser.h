@@ -19,8 +19,14 @@ namespace qen::standalone {
 /// What a line begins, by its first characters.
 enum class LineStart { Header, Include, Other };
 
+/// The same as lineStart(), where the line does not begin with a header at once.
+LineStart lineStartBehindBlanks(std::string_view p_text);
+
 /// What the line at the beginning of a text begins.
-LineStart lineStart(std::string_view p_text);
+inline LineStart lineStart(std::string_view p_text)
+{
+    return p_text.starts_with('[') ? LineStart::Header : lineStartBehindBlanks(p_text);
+}
 
 /// What does not belong into a line of text.
 struct LineFault {
@@ -68,11 +74,15 @@ struct ParsedSection {
     std::uint32_t path = 0;    // of its object, in the first line
     std::uint32_t pathLength = 0;
     std::uint32_t pathColumn = 0;
+    std::size_t pathHash = 0;
     bool hasObject = false;       // otherwise its parameters belong to none, and are not there
     bool endsWithFile = false;    // if anything stood behind it, it would go on
 
     void clear();
 };
+
+/// The length of the section at the beginning of a text, as parse() finds it.
+std::size_t sectionLength(SectionKind p_kind, std::string_view p_text);
 
 /// Reads sections, one after the other. The texts must stay until the last has been read: names mostly are those that
 /// another section has, and such a name is not examined again.
