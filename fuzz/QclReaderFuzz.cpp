@@ -11,6 +11,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 using namespace qen::standalone;
 
@@ -29,8 +30,7 @@ std::string_view textAt(const QclDocument& p_document, const SourcePlace& p_plac
 {
     require(p_place.file < p_document.files.size(), "the place is in a file of the document");
     const SourceFile& file = p_document.files[p_place.file];
-    require(p_place.line >= 1 && p_place.line <= file.lineStarts.size(),
-            "the place is on a line of its file");
+    require(p_place.line >= 1 && p_place.line <= file.lineCount(), "the place is on a line of its file");
     const std::string_view line = file.line(p_place.line);
     require(p_place.column >= 1 && p_place.column <= line.size() + 1,
             "the place is in its line or right behind it");
@@ -44,15 +44,15 @@ void checkParameter(const QclDocument& p_document, const QclParameter& p_paramet
     require(!p_parameter.name.empty() && p_parameter.name.size() <= p_limits.nameBytes,
             "a name keeps its limit");
     require(p_parameter.value.size() <= p_limits.valueBytes, "a value keeps its limit");
-    require(!p_parameter.pieces.empty() && p_parameter.pieces.front().offset == 0,
-            "a value has a first piece");
+    const std::vector<QclParameter::Piece> pieces = p_parameter.pieces();
+    require(!pieces.empty() && pieces.front().offset == 0, "a value has a first piece");
 
     std::string reassembled;
-    for (std::size_t number = 0; number < p_parameter.pieces.size(); ++number)
+    for (std::size_t number = 0; number < pieces.size(); ++number)
     {
-        const QclParameter::Piece& piece = p_parameter.pieces[number];
-        const std::size_t end = number + 1 < p_parameter.pieces.size() ? p_parameter.pieces[number + 1].offset
-                                                                       : p_parameter.value.size();
+        const QclParameter::Piece& piece = pieces[number];
+        const std::size_t end =
+            number + 1 < pieces.size() ? pieces[number + 1].offset : p_parameter.value.size();
         require(piece.offset <= end, "pieces stand in order");
         const std::string_view text = textAt(p_document, piece.place);
         require(end - piece.offset <= text.size(), "a piece ends on its line");

@@ -133,11 +133,11 @@ bool checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_
     const std::span<const std::string_view> keys = formOf(p_definition.kind).keys;
     for (const QclParameter& parameter : p_definition.section->parameters)
     {
-        if (std::binary_search(keys.begin(), keys.end(), std::string_view(parameter.name)))
+        if (std::binary_search(keys.begin(), keys.end(), parameter.name))
             continue;
         allKnown = false;
-        std::string message =
-            "Unknown key '" + parameter.name + "' in the definition '" + p_definition.section->path + "'.";
+        std::string message = "Unknown key '" + std::string(parameter.name) + "' in the definition '" +
+                              p_definition.section->path + "'.";
         const std::string nearest = nearestName(parameter.name, {keys.begin(), keys.end()});
         if (!nearest.empty())
             message += " Did you mean '" + nearest + "'?";
@@ -237,13 +237,19 @@ Finding CatalogueDefinition::findingAt(std::string_view p_key, Severity p_severi
 
 void CatalogueDefinitions::add(const QclDocument& p_document)
 {
+    // A document has each path once, so that of the first nothing needs to be found.
+    const bool isFirst = m_sections.empty();
+    if (!isFirst && m_byPath.empty())
+        for (std::size_t number = 0; number < m_sections.size(); ++number)
+            if (m_sections[number].definition.kind != DefinitionKind::Count)
+                m_byPath.emplace(m_sections[number].definition.section->path, number);
+
     m_sections.reserve(m_sections.size() + p_document.objects.size());
-    m_byPath.reserve(m_byPath.size() + p_document.objects.size());
     for (const QclObject& section : p_document.objects)
     {
         const auto [kind, name] = definedBy(section.path);
         m_sections.push_back({{kind, std::string(name), &p_document, &section}});
-        if (kind == DefinitionKind::Count)
+        if (isFirst || kind == DefinitionKind::Count)
             continue;
 
         const std::size_t latest = m_sections.size() - 1;

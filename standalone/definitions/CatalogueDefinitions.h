@@ -71,7 +71,8 @@ private:
     };
 
     std::vector<Section> m_sections;
-    std::unordered_map<std::string_view, std::size_t> m_byPath;    // of the sections, in the documents
+    std::unordered_map<std::string_view, std::size_t>
+        m_byPath;    // of the sections; empty while there is one document
 };
 
 }    // namespace qen::standalone

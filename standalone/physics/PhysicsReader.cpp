@@ -245,7 +245,8 @@ void PhysicsReader::readTexts(const QclParameter& p_key, std::vector<std::string
         const std::string_view piece = trimmed(rest.substr(0, comma));
         if (piece.empty())
         {
-            atValue(p_key, "bad-query-value", "The list in '" + p_key.name + "' has an empty piece.");
+            atValue(p_key, "bad-query-value",
+                    "The list in '" + std::string(p_key.name) + "' has an empty piece.");
             return;
         }
         texts.emplace_back(piece);
@@ -269,8 +270,8 @@ void PhysicsReader::readCount(const QclParameter& p_key, std::optional<std::size
     const auto [rest, error] = std::from_chars(p_key.value.data(), end, count);
     if (error != std::errc() || rest != end || count > k_largest)
         atValue(p_key, "bad-query-value",
-                "Expected a whole number from 0 to 1000000 for '" + p_key.name + "', but found " +
-                    quotedShort(p_key.value) + ".");
+                "Expected a whole number from 0 to 1000000 for '" + std::string(p_key.name) +
+                    "', but found " + quotedShort(p_key.value) + ".");
     else
         p_count = count;
 }
@@ -282,7 +283,8 @@ std::optional<bool> PhysicsReader::readYesNo(const QclParameter& p_key, std::opt
     if (p_key.value == "Yes" || p_key.value == "No")
         return p_key.value == "Yes";
     atValue(p_key, "bad-query-value",
-            "Expected 'Yes' or 'No' for '" + p_key.name + "', but found " + quotedShort(p_key.value) + ".");
+            "Expected 'Yes' or 'No' for '" + std::string(p_key.name) + "', but found " +
+                quotedShort(p_key.value) + ".");
     return p_otherwise;
 }
 
@@ -397,7 +399,7 @@ void PhysicsReader::atKey(const Section& p_section, std::string_view p_key, cons
 
 void PhysicsReader::atValue(const QclParameter& p_key, const char* p_identifier, std::string p_message)
 {
-    const std::size_t firstLine = p_key.pieces.size() > 1 ? p_key.pieces[1].offset : p_key.value.size();
+    const std::size_t firstLine = p_key.firstPieceLength();
     report({m_number, p_key.placeInValue(0), static_cast<std::uint32_t>(firstLine)}, p_identifier,
            std::move(p_message));
 }

@@ -87,6 +87,21 @@ TextFault findTextFault(std::string_view p_line)
     return {};
 }
 
+TextContents contentsOf(std::string_view p_text)
+{
+    // Without branches, so that compilers take many bytes at once.
+    unsigned char others = 0;
+    unsigned char percents = 0;
+    for (const char character : p_text)
+    {
+        const auto byte = static_cast<unsigned char>(character);
+        const bool isPrintable = static_cast<unsigned char>(byte - 0x20) < 0x7F - 0x20;
+        others |= static_cast<unsigned char>(!(isPrintable | (byte == '\n') | (byte == '\t')));
+        percents |= static_cast<unsigned char>(byte == '%');
+    }
+    return {others == 0, percents != 0};
+}
+
 std::string inQuotes(std::string_view p_text)
 {
     constexpr std::size_t k_mostCharacters = 80;

@@ -18,6 +18,15 @@ struct TextFault {
 /// tabs. Linear.
 TextFault findTextFault(std::string_view p_line);
 
+/// What kinds of characters a text holds.
+struct TextContents {
+    bool isPlain = true;        ///< ASCII, and no control characters but tabs and line feeds
+    bool hasPercent = false;    ///< a '%' somewhere
+};
+
+/// Linear, and much faster than a look at each line.
+TextContents contentsOf(std::string_view p_text);
+
 /// At most 80 characters of a UTF-8 text between apostrophes, with "..." for what was left out.
 std::string inQuotes(std::string_view p_text);
 

@@ -2,17 +2,54 @@
 
 #include <algorithm>
 #include <iterator>
+#include <mutex>
+#include <utility>
 
 namespace qen::standalone {
 
+struct SourceFile::Text {
+    explicit Text(std::string p_bytes) : bytes(std::move(p_bytes)) {}
+
+    /// The offset of each line.
+    const std::vector<std::size_t>& lineStarts() const
+    {
+        std::call_once(m_found, [this] {
+            for (std::size_t begin = 0; begin < bytes.size();)
+            {
+                m_lineStarts.push_back(begin);
+                const std::size_t end = bytes.find('\n', begin);
+                begin = end == std::string::npos ? bytes.size() : end + 1;
+            }
+        });
+        return m_lineStarts;
+    }
+
+    const std::string bytes;
+
+private:
+    mutable std::once_flag m_found;
+    mutable std::vector<std::size_t> m_lineStarts;
+};
+
+SourceFile::SourceFile() : SourceFile({}, {}) {}
+
+SourceFile::SourceFile(std::string p_path, std::string p_text)
+    : path(std::move(p_path)), m_text(std::make_shared<const Text>(std::move(p_text)))
+{}
+
+std::string_view SourceFile::text() const { return m_text->bytes; }
+
+std::size_t SourceFile::lineCount() const { return m_text->lineStarts().size(); }
+
 std::string_view SourceFile::line(std::uint32_t p_number) const
 {
-    if (p_number == 0 || p_number > lineStarts.size())
+    const std::vector<std::size_t>& starts = m_text->lineStarts();
+    if (p_number == 0 || p_number > starts.size())
         return {};
 
-    const std::size_t begin = lineStarts[p_number - 1];
-    const std::size_t end = p_number < lineStarts.size() ? lineStarts[p_number] : text.size();
-    std::string_view line = std::string_view(text).substr(begin, end - begin);
+    const std::size_t begin = starts[p_number - 1];
+    const std::size_t end = p_number < starts.size() ? starts[p_number] : text().size();
+    std::string_view line = text().substr(begin, end - begin);
     if (line.ends_with('\n'))
         line.remove_suffix(1);
     if (line.ends_with('\r'))
@@ -23,12 +60,30 @@ std::string_view SourceFile::line(std::uint32_t p_number) const
 SourcePlace QclParameter::placeInValue(std::size_t p_offset) const
 {
     const std::size_t offset = std::min(p_offset, value.size());
-    const Piece* const behind = std::ranges::upper_bound(pieces, offset, {}, &Piece::offset);
-    const Piece& piece = behind == pieces.begin() ? pieces.front() : *std::prev(behind);
+    if (!joined)
+        return {place.file, place.line, valueColumn + static_cast<std::uint32_t>(offset)};
 
-    SourcePlace result = piece.place;
-    result.column += static_cast<std::uint32_t>(offset - piece.offset);
+    const auto behind = std::ranges::upper_bound(joined->pieces, offset, {}, &QclJoinedValue::Piece::offset);
+    const QclJoinedValue::Piece& piece = *std::prev(behind);
+    return {place.file, place.line + piece.linesBehind,
+            piece.column + static_cast<std::uint32_t>(offset - piece.offset)};
+}
+
+std::vector<QclParameter::Piece> QclParameter::pieces() const
+{
+    if (!joined)
+        return {{0, placeInValue(0)}};
+
+    std::vector<Piece> result;
+    result.reserve(joined->pieces.size());
+    for (const QclJoinedValue::Piece& piece : joined->pieces)
+        result.push_back({piece.offset, {place.file, place.line + piece.linesBehind, piece.column}});
     return result;
+}
+
+std::size_t QclParameter::firstPieceLength() const
+{
+    return joined && joined->pieces.size() > 1 ? joined->pieces[1].offset : value.size();
 }
 
 const QclParameter* QclObject::find(std::string_view p_name) const

@@ -5,68 +5,74 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
-#include <span>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace qen::standalone {
 
-/// One file that was read, kept whole so that reports can show its lines.
-struct QEN_STANDALONE_API SourceFile {
-    std::string path;    ///< as the user named it, or as it was found from there
-    std::string text;    ///< without a byte order mark; empty when the file could not be read as a text
-    std::vector<std::size_t>
-        lineStarts;    ///< offset of each line; nothing behind the last line end is no line
+/// One file that was read, kept whole so that reports can show its lines. Copies share the text, which stays where it
+/// is: views into it hold for as long as one of the copies lives.
+class QEN_STANDALONE_API SourceFile {
+public:
+    SourceFile();    ///< without a name, and empty
+    SourceFile(std::string p_path, std::string p_text);
 
-    /// The text of a line without its line end; empty for a number that is no line of the file.
+    std::string path;    ///< as the user named it, or as it was found from there
+
+    /// Without a byte order mark; empty when the file could not be read as a text.
+    std::string_view text() const;
+
+    /// The text of a line without its line end; empty for a number that is no line of the file. The first call looks
+    /// through the whole text; threads may call at the same time.
     std::string_view line(std::uint32_t p_number) const;
+
+    /// Nothing behind the last line end is no line. Costs what line() does.
+    std::size_t lineCount() const;
+
+private:
+    struct Text;
+
+    std::shared_ptr<const Text> m_text;    // never null
 };
 
-/// One `name = value`.
+/// The value of a parameter that continues on further lines. It is one text: the blanks at the beginning of each line
+/// and the backslash at its end are left out, blanks before that backslash are kept.
+struct QclJoinedValue {
+    /// Where a stretch of the value stands; it ends where the next one begins.
+    struct Piece {
+        std::size_t offset = 0;           ///< in the value
+        std::uint32_t linesBehind = 0;    ///< the line on which the name stands
+        std::uint32_t column = 0;
+    };
+
+    std::string text;
+    std::vector<Piece> pieces;    ///< at least one, in order, the first at offset 0
+};
+
+/// One `name = value`. Its texts are views into what the document holds.
 struct QEN_STANDALONE_API QclParameter {
-    /// A value that continues on further lines is one text: the blanks at the beginning of each line and the
-    /// backslash at its end are left out, blanks before that backslash are kept. A piece says where a stretch of the
-    /// value stands in the file; it ends where the next one begins.
+    /// Where a stretch of the value stands in the file; it ends where the next one begins.
     struct Piece {
         std::size_t offset = 0;    ///< in the value
         SourcePlace place;
     };
 
-    /// At least one piece, in order, the first at offset 0. Only a value of several lines has memory of its own.
-    class Pieces {
-    public:
-        Pieces() = default;
-        Pieces(std::initializer_list<Piece> p_pieces) : Pieces(std::span(p_pieces)) {}
-
-        explicit Pieces(std::span<const Piece> p_pieces)
-        {
-            if (p_pieces.size() == 1)
-                m_only = p_pieces.front();
-            else
-                m_several.assign(p_pieces.begin(), p_pieces.end());
-        }
-
-        const Piece* begin() const { return m_several.empty() ? &m_only : m_several.data(); }
-        const Piece* end() const { return begin() + size(); }
-        std::size_t size() const { return m_several.empty() ? 1 : m_several.size(); }
-        const Piece& operator[](std::size_t p_number) const { return begin()[p_number]; }
-        bool empty() const { return false; }
-        const Piece& front() const { return *begin(); }
-
-    private:
-        Piece m_only;
-        std::vector<Piece> m_several;    // empty where there is only one
-    };
-
-    std::string name;
-    std::string value;
-    SourcePlace place;    ///< of the name
-    Pieces pieces;
+    std::string_view name;
+    std::string_view value;
+    SourcePlace place;                ///< of the name
+    std::uint32_t valueColumn = 0;    ///< of a value that does not continue; it stands on the name's line
+    const QclJoinedValue* joined = nullptr;    ///< null for a value that does not continue
 
     /// Where the byte of the value stands in the file; the place behind the last one for a larger offset.
     SourcePlace placeInValue(std::size_t p_offset) const;
+
+    /// The stretches of the value that stand on one line each: at least one, in order, the first at offset 0.
+    std::vector<Piece> pieces() const;
+
+    /// The length of the first of the pieces: how much of the value stands on the line of its first byte.
+    std::size_t firstPieceLength() const;
 };
 
 /// One object, with all its sections taken together.
@@ -75,15 +81,21 @@ struct QEN_STANDALONE_API QclObject {
     SourcePlace place;    ///< of the path in its first header
     std::vector<QclParameter> parameters;
 
+    /// Of a document that a QclFollower read: where an object of an earlier reading has the same number, it had the
+    /// same names and values in the same order. 0 for a document that something else read.
+    std::uint64_t content = 0;
+
     /// The parameter of that name; null when there is none. Looks at one after the other.
     const QclParameter* find(std::string_view p_name) const;
 };
 
-/// What a `.qcl` file and the files that it includes say, in the order of the text.
+/// What a `.qcl` file and the files that it includes say, in the order of the text. Its objects point into its files
+/// and joined values, which stay where they are when the document is moved, and which copies of it share.
 struct QEN_STANDALONE_API QclDocument {
     std::vector<SourceFile> files;     ///< the first is the one that was asked for
     std::vector<QclObject> objects;    ///< in order of their first headers
     Diagnostics problems;              ///< every syntax error of every file, in the order of the text
+    std::vector<std::shared_ptr<const QclJoinedValue>> joinedValues;    ///< of the objects' parameters
 };
 
 }    // namespace qen::standalone

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -66,22 +67,12 @@ std::variant<std::string, ReadFailure> readBytes(const std::string& p_path, std:
     return bytes;
 }
 
-SourceFile sourceFile(const std::string& p_path, std::string p_bytes)
+std::string withoutByteOrderMark(std::string p_bytes)
 {
     constexpr std::string_view k_byteOrderMark = "\xEF\xBB\xBF";
     if (p_bytes.starts_with(k_byteOrderMark))
         p_bytes.erase(0, k_byteOrderMark.size());
-
-    SourceFile file;
-    file.path = p_path;
-    file.text = std::move(p_bytes);
-    for (std::size_t begin = 0; begin < file.text.size();)
-    {
-        file.lineStarts.push_back(begin);
-        const std::size_t end = file.text.find('\n', begin);
-        begin = end == std::string::npos ? file.text.size() : end + 1;
-    }
-    return file;
+    return p_bytes;
 }
 
 bool isBinary(const std::string& p_bytes) { return p_bytes.find('\0') != std::string::npos; }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "qcl/QclDocument.h"
-
 #include <cstddef>
 #include <string>
 #include <variant>
@@ -22,8 +20,8 @@ struct ReadFailure {
 std::variant<std::string, ReadFailure> readBytes(const std::string& p_path, std::size_t p_mostBytes,
                                                  bool p_onlyPlainFile);
 
-/// A file of a document from its bytes: a byte order mark is dropped, and the lines are found.
-SourceFile sourceFile(const std::string& p_path, std::string p_bytes);
+/// The text of a file from its bytes: a byte order mark is dropped.
+std::string withoutByteOrderMark(std::string p_bytes);
 
 /// Whether bytes are no text at all but hold a zero, as programs, archives and 16-bit encodings do.
 bool isBinary(const std::string& p_bytes);

@@ -246,7 +246,7 @@ void RuleReader::readType(const QclParameter& p_key, DeclaredParameter& p_parame
 
 void RuleReader::readBound(const QclParameter& p_key, std::string& p_bound)
 {
-    if (!p_key.value.empty() && !readBoundText(p_key.value))
+    if (!p_key.value.empty() && !readBoundText(std::string(p_key.value)))
     {
         atValue(p_key, "bad-rule-value",
                 "The bound " + quotedShort(p_key.value) +
@@ -297,9 +297,9 @@ void RuleReader::readList(const QclParameter& p_key, std::vector<std::string>& p
         if (piece.empty() || std::ranges::find(texts, piece) != texts.end())
         {
             atValue(p_key, "bad-rule-value",
-                    piece.empty()
-                        ? "The list in '" + p_key.name + "' has an empty piece."
-                        : "The list in '" + p_key.name + "' has the piece " + quotedShort(piece) + " twice.");
+                    piece.empty() ? "The list in '" + std::string(p_key.name) + "' has an empty piece."
+                                  : "The list in '" + std::string(p_key.name) + "' has the piece " +
+                                        quotedShort(piece) + " twice.");
             return;
         }
         texts.emplace_back(piece);
@@ -315,7 +315,8 @@ bool RuleReader::readYesNo(const QclParameter& p_key, bool p_otherwise)
     if (p_key.value == "Yes" || p_key.value == "No")
         return p_key.value == "Yes";
     atValue(p_key, "bad-rule-value",
-            "Expected 'Yes' or 'No' for '" + p_key.name + "', but found " + quotedShort(p_key.value) + ".");
+            "Expected 'Yes' or 'No' for '" + std::string(p_key.name) + "', but found " +
+                quotedShort(p_key.value) + ".");
     return p_otherwise;
 }
 
@@ -342,7 +343,7 @@ void RuleReader::atKey(const Section& p_section, std::string_view p_key, const c
 
 void RuleReader::atValue(const QclParameter& p_key, const char* p_identifier, std::string p_message)
 {
-    const std::size_t firstLine = p_key.pieces.size() > 1 ? p_key.pieces[1].offset : p_key.value.size();
+    const std::size_t firstLine = p_key.firstPieceLength();
     m_problems.push_back({Severity::Error, p_identifier, std::move(p_message), p_key.placeInValue(0),
                           static_cast<std::uint32_t>(firstLine)});
 }

@@ -72,7 +72,7 @@ Diagnostic problemInValue(const QclParameter& p_parameter, std::size_t p_offset,
                           std::string p_identifier, std::string p_message)
 {
     // What is pointed at ends where the value goes on in another line.
-    for (const QclParameter::Piece& piece : p_parameter.pieces)
+    for (const QclParameter::Piece& piece : p_parameter.pieces())
     {
         if (piece.offset > p_offset)
         {

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qen::standalone {
@@ -39,7 +40,8 @@ QclDocument withValue(const QclDocument& p_case, std::size_t p_object, std::size
         {
             const QclParameter& parameter = object.parameters[k];
             const bool replaced = i == p_object && k == p_parameter;
-            text += parameter.name + " = " + (replaced ? p_value : parameter.value) + "\n";
+            text.append(parameter.name).append(" = ");
+            text.append(replaced ? std::string_view(p_value) : parameter.value).append("\n");
         }
     }
     return readQclText("mutated.qcl", text);
@@ -79,7 +81,7 @@ std::vector<Mutation> mutationsOf(const QclDocument& p_case)
             const QclParameter& parameter = object.parameters[k];
             const ParameterRule* rule = rules.find(object.path, parameter.name);
             const std::string lastType = QCLPath(object.path).getLastType();
-            if (!rule || !QCLParam::isNumericType(rules.getParamType(lastType, parameter.name)))
+            if (!rule || !QCLParam::isNumericType(rules.getParamType(lastType, std::string(parameter.name))))
                 continue;
 
             const bool dynamic = !rule->unitsFrom.empty();
@@ -110,14 +112,15 @@ TEST_P(MutatedExample, GivesExactlyOneRecordForEachValueThatIsMadeWrong)
         const QclDocument mutated = withValue(original, mutation.object, mutation.parameter, mutation.value);
         const QclObject& object = mutated.objects[mutation.object];
         const QclParameter& parameter = object.parameters[mutation.parameter];
-        SCOPED_TRACE(object.path + " " + parameter.name + " = " + mutation.value);
+        SCOPED_TRACE(std::string(parameter.name) + " = " + mutation.value + " in " +
+                     std::string(object.path));
 
         const CaseReport report = checkCase(mutated, shippedDefinitions());
 
         ASSERT_EQ(report.findings.size(), 1U);
         EXPECT_EQ(report.findings[0].identifier, mutation.identifier);
-        EXPECT_EQ(report.findings[0].line, parameter.pieces[0].place.line);
-        EXPECT_EQ(report.findings[0].column, parameter.pieces[0].place.column);
+        EXPECT_EQ(report.findings[0].line, parameter.placeInValue(0).line);
+        EXPECT_EQ(report.findings[0].column, parameter.placeInValue(0).column);
         EXPECT_EQ(report.findings[0].length, mutation.value.size());
     }
 }

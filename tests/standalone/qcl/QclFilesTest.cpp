@@ -138,7 +138,7 @@ TEST(QclFiles, ThatAreMissingAreNamed)
         ElementsAre("file.qcl:0:0: The file 'no/such/file.qcl' cannot be read: No such file or directory. "
                     "[file-unreadable]"));
     ASSERT_EQ(document.files.size(), 1U);
-    EXPECT_EQ(document.files[0].text, "");
+    EXPECT_EQ(document.files[0].text(), "");
 }
 
 TEST(QclFiles, ThatAreFoldersAreNamed)
@@ -204,7 +204,7 @@ TEST(QclFiles, ThatHoldZeroBytesAreOneErrorEach)
 
     EXPECT_THAT(identifiersOf(document), ElementsAre("file-binary"));
     EXPECT_EQ(document.problems[0].place, (SourcePlace {1, 0, 0}));
-    EXPECT_EQ(document.files[1].text, "");
+    EXPECT_EQ(document.files[1].text(), "");
     EXPECT_THAT(parametersOf(document), ElementsAre("/A|p=1"));
 }
 

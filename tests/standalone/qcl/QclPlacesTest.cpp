@@ -34,7 +34,7 @@ TEST(QclPlaces, InAContinuedValueAreFoundOnEachLine)
     const QclDocument document = read("[/A]\np = 1 + \\\n    22 \\\n \\\n  * t \\\n\n");
     const QclParameter& parameter = document.objects.at(0).parameters.at(0);
     ASSERT_EQ(parameter.value, "1 + 22 * t");
-    ASSERT_EQ(parameter.pieces.size(), 3U);
+    ASSERT_EQ(parameter.pieces().size(), 3U);
     expectPlace(parameter.placeInValue(0), 2, 5);
     expectPlace(parameter.placeInValue(3), 2, 8);
     expectPlace(parameter.placeInValue(4), 3, 5);
@@ -68,7 +68,7 @@ TEST(QclPlaces, LinesOfAFileAreGivenWithoutTheirEnds)
     const QclDocument document = read("[/A]\r\np = 1\n\nq = 2");
     const SourceFile& file = document.files.at(0);
     EXPECT_EQ(file.path, "case.qcl");
-    EXPECT_EQ(file.lineStarts.size(), 4U);
+    EXPECT_EQ(file.lineCount(), 4U);
     EXPECT_EQ(file.line(1), "[/A]");
     EXPECT_EQ(file.line(2), "p = 1");
     EXPECT_EQ(file.line(3), "");

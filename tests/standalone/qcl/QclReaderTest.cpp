@@ -158,7 +158,7 @@ TEST(QclReader, ReadsAValueOnAHundredThousandLines)
     const QclDocument document = read(text + "x\n");
     EXPECT_THAT(problemsOf(document), IsEmpty());
     EXPECT_EQ(document.objects.at(0).parameters.at(0).value.size(), 400'001U);
-    EXPECT_EQ(document.objects.at(0).parameters.at(0).pieces.size(), 100'001U);
+    EXPECT_EQ(document.objects.at(0).parameters.at(0).pieces().size(), 100'001U);
 }
 
 TEST(QclReader, ReadsAHundredThousandSectionsAndParameters)

@@ -248,7 +248,7 @@ TEST_P(Example, UsesOnlyWhatTheRulesKnow)
             ASSERT_THAT(rule, NotNull()) << object.path << " " << parameter.name;
             if (rule->allowedTexts.empty())
                 continue;
-            for (const std::string& piece : StringUtilities::splitValue(parameter.value, ','))
+            for (const std::string& piece : StringUtilities::splitValue(std::string(parameter.value), ','))
                 EXPECT_THAT(rule->allowedTexts, Contains(piece)) << object.path << " " << parameter.name;
         }
     }
@@ -285,8 +285,9 @@ TEST_P(Example, GivesItsExpressionsNamesOfTheirOwn)
         if (object.path == k_expressions)
             for (const QclParameter& parameter : object.parameters)
             {
-                EXPECT_EQ(ruled.count(parameter.name), 0U) << parameter.name;
-                EXPECT_FALSE(shipped().variables().hasVariable(parameter.name)) << parameter.name;
+                const std::string name(parameter.name);
+                EXPECT_EQ(ruled.count(name), 0U) << name;
+                EXPECT_FALSE(shipped().variables().hasVariable(name)) << name;
             }
 }
 

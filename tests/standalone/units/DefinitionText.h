@@ -38,10 +38,10 @@ public:
         for (const auto& [name, value] : p_parameters)
         {
             QclParameter parameter;
-            parameter.name = name;
-            parameter.value = value;
+            parameter.name = kept(name);
+            parameter.value = kept(value);
             parameter.place = {0, ++m_line, 1};
-            parameter.pieces = {{0, {0, m_line, static_cast<std::uint32_t>(name.size() + 4)}}};
+            parameter.valueColumn = static_cast<std::uint32_t>(name.size() + 4);
             object.parameters.push_back(parameter);
         }
         m_document.objects.push_back(object);
@@ -72,6 +72,13 @@ public:
     }
 
 private:
+    /// A view of a text that lasts as long as the document.
+    std::string_view kept(const std::string& p_text)
+    {
+        m_document.files.emplace_back(std::string(), p_text);
+        return m_document.files.back().text();
+    }
+
     QclDocument m_document;
     std::uint32_t m_line = 0;
 };

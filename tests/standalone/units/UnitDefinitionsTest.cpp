@@ -293,7 +293,8 @@ TEST(UnitDefinitions, PointIntoTheLineThatAContinuedValueStandsOn)
 {
     // Given a definition that goes on in the next line
     QclDocument document = DefinitionText().mechanics().unit("N", "kg mm s^-2").document();
-    document.objects.back().parameters[0].pieces = {{0, {0, 9, 14}}, {3, {0, 10, 5}}};
+    const QclJoinedValue joined {"kg mm s^-2", {{0, 0, 14}, {3, 1, 5}}};
+    document.objects.back().parameters[0].joined = &joined;
 
     UnitSystem units;
     Diagnostics problems;
