@@ -134,7 +134,8 @@ void checkQueriesAreDefined(const PhysicsBook& p_physics, std::vector<Finding>& 
 Definitions::Definitions(const std::vector<std::string>& p_folders)
 {
     checkFolders(p_folders, m_problems);
-    addAll(m_units, readFiles(k_unitsFile, p_folders, m_problems), m_problems);
+    m_unitDocuments = readFiles(k_unitsFile, p_folders, m_problems);
+    addAll(m_units, m_unitDocuments, m_problems);
 
     World world;
     world.units = &m_units;
@@ -143,9 +144,9 @@ Definitions::Definitions(const std::vector<std::string>& p_folders)
     m_ruleDocuments = readFiles(k_rulesFile, p_folders, m_problems);
     addAll(m_rules, m_ruleDocuments, m_problems);
 
-    const std::deque<QclDocument> physics = readFiles(k_physicsFile, p_folders, m_problems);
-    addAll(m_physics, physics, m_problems);
-    if (!physics.empty())
+    m_physicsDocuments = readFiles(k_physicsFile, p_folders, m_problems);
+    addAll(m_physics, m_physicsDocuments, m_problems);
+    if (!m_physicsDocuments.empty())
         checkQueriesAreDefined(m_physics, m_problems);
 
     m_documents = readFiles(k_variablesFile, p_folders, m_problems);
@@ -158,6 +159,16 @@ bool Definitions::hasErrors() const
 {
     return std::any_of(m_problems.begin(), m_problems.end(),
                        [](const Finding& p_problem) { return p_problem.severity == Severity::Error; });
+}
+
+std::vector<const SourceFile*> Definitions::files() const
+{
+    std::vector<const SourceFile*> files;
+    for (const auto* documents : {&m_unitDocuments, &m_ruleDocuments, &m_physicsDocuments, &m_documents})
+        for (const QclDocument& document : *documents)
+            for (const SourceFile& file : document.files)
+                files.push_back(&file);
+    return files;
 }
 
 std::vector<std::string> definitionFolders(const std::vector<std::string>& p_given,
@@ -182,6 +193,15 @@ std::string shippedDefinitionFolder(const std::string& p_executable)
         return installed.string();
 
     return QEN_BUILD_DEFINITIONS;
+}
+
+std::vector<std::string> definitionFiles(const std::vector<std::string>& p_folders)
+{
+    std::vector<std::string> files;
+    for (const char* name : {k_unitsFile, k_rulesFile, k_physicsFile, k_variablesFile})
+        for (const std::string& folder : p_folders)
+            files.push_back((fs::path(folder) / name).string());
+    return files;
 }
 
 }    // namespace qen::standalone

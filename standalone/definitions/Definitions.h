@@ -47,13 +47,18 @@ public:
 
     bool hasErrors() const;
 
+    /// Every file that was read, included ones too, in the order of reading. They live as long as the definitions.
+    std::vector<const SourceFile*> files() const;
+
 private:
     UnitSystem m_units;
     RuleBook m_rules;
     PhysicsBook m_physics;
     PreVariableDefStore m_variables;
     ExprCBFuncStore m_callbacks;
+    std::deque<QclDocument> m_unitDocuments;
     std::deque<QclDocument> m_ruleDocuments;
+    std::deque<QclDocument> m_physicsDocuments;
     std::deque<QclDocument> m_documents;    // to which the definitions of the catalogue point
     CatalogueDefinitions m_catalogue;
     std::vector<Finding> m_problems;
@@ -69,5 +74,8 @@ QEN_STANDALONE_API std::vector<std::string> definitionFolders(const std::vector<
 /// The folder of the definitions that are shipped: the `share` folder that belongs to the executable's, else the one of
 /// the build.
 QEN_STANDALONE_API std::string shippedDefinitionFolder(const std::string& p_executable);
+
+/// The files in which definitions are looked for: each name in each folder, whether the file is there or not.
+QEN_STANDALONE_API std::vector<std::string> definitionFiles(const std::vector<std::string>& p_folders);
 
 }    // namespace qen::standalone

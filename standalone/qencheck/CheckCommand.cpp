@@ -1,18 +1,17 @@
 #include "CheckCommand.h"
 
+#include "CaseStatus.h"
 #include "ProgressLine.h"
 #include "TextReport.h"
 
 #include "checking/CaseChecker.h"
 #include "definitions/Definitions.h"
-#include "qcl/QclProblems.h"
 #include "qcl/QclReader.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -23,10 +22,7 @@ namespace qencheck {
 using qen::standalone::CaseReport;
 using qen::standalone::Definitions;
 using qen::standalone::Diagnostic;
-using qen::standalone::Finding;
 using qen::standalone::QclDocument;
-using qen::standalone::QclProblem;
-using qen::standalone::Severity;
 
 namespace {
 
@@ -40,29 +36,6 @@ Example:
         |         ^~~~~
 
 Exit status: 0 nothing found, or warnings only; 1 errors found; 2 could not check.)";
-
-ExitStatus statusOf(const CaseReport& p_report)
-{
-    if (p_report.internalError)
-        return k_couldNotCheck;
-    const bool errors =
-        std::any_of(p_report.findings.begin(), p_report.findings.end(),
-                    [](const Finding& p_finding) { return p_finding.severity == Severity::Error; });
-    return errors ? k_errorsFound : k_clean;
-}
-
-/// Whether a file of the case is missing, unreadable, too large or no text, or has so many problems that reading stopped,
-/// so that the report cannot be whole.
-bool couldNotBeRead(const QclDocument& p_case)
-{
-    constexpr std::array k_problems {QclProblem::FileUnreadable, QclProblem::FileBinary, QclProblem::FileSize,
-                                     QclProblem::Problems};
-    return std::any_of(p_case.problems.begin(), p_case.problems.end(), [&](const Diagnostic& p_problem) {
-        return std::any_of(k_problems.begin(), k_problems.end(), [&](QclProblem p_kind) {
-            return p_problem.identifier == kindOf(p_kind).identifier;
-        });
-    });
-}
 
 ExitStatus checkOne(const std::string& p_caseFile, const Definitions& p_definitions, const TextReport& p_text)
 {
@@ -82,7 +55,7 @@ ExitStatus checkOne(const std::string& p_caseFile, const Definitions& p_definiti
 
     p_text.write(report.findings);
     p_text.writeSummary(p_caseFile, report);
-    return couldNotBeRead(document) ? k_couldNotCheck : statusOf(report);
+    return statusOf(document, report);
 }
 
 ExitStatus runCheck(const std::vector<std::string>& p_caseFiles, const Options& p_options)

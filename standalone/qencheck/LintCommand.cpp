@@ -66,11 +66,6 @@ std::size_t countOf(const std::vector<Finding>& p_findings, Severity p_severity)
                       [&](const Finding& p_finding) { return p_finding.severity == p_severity; }));
 }
 
-std::string counted(std::size_t p_count, const char* p_what)
-{
-    return fmt::format("{} {}{}", p_count, p_what, p_count == 1 ? "" : "s");
-}
-
 /// "definitions: 2 variables, 1 operator, 3 callback functions, 4 parameters: ".
 std::string contents(const Definitions& p_definitions)
 {

@@ -58,11 +58,6 @@ std::size_t countOf(const CaseReport& p_report, Severity p_severity)
                       [&](const Finding& p_finding) { return p_finding.severity == p_severity; }));
 }
 
-std::string counted(std::size_t p_count, const char* p_word)
-{
-    return fmt::format("{} {}{}", p_count, p_word, p_count == 1 ? "" : "s");
-}
-
 }    // namespace
 
 Colour colourOf(std::FILE* p_stream, const std::string& p_choice)
@@ -85,14 +80,19 @@ void TextReport::write(const std::vector<Finding>& p_findings) const
         write(finding);
 }
 
-void TextReport::write(const Finding& p_finding) const
+void TextReport::write(const Finding& p_finding, const std::string& p_mark) const
 {
-    const SeverityStyle style = styleOf(p_finding.severity);
-    fmt::print(m_stream, "{} {} {} [{}]\n", coloured(k_bold, placeOf(p_finding) + ":"),
-               coloured(style.colour, std::string(style.word) + ":"), p_finding.message,
-               p_finding.identifier);
+    writeMessage(p_finding, p_mark);
     if (p_finding.line != 0)
         writeExcerpt(p_finding);
+}
+
+void TextReport::writeMessage(const Finding& p_finding, const std::string& p_mark) const
+{
+    const SeverityStyle style = styleOf(p_finding.severity);
+    fmt::print(m_stream, "{}{} {} {} [{}]\n", p_mark, coloured(k_bold, placeOf(p_finding) + ":"),
+               coloured(style.colour, std::string(style.word) + ":"), p_finding.message,
+               p_finding.identifier);
 }
 
 void TextReport::writeExcerpt(const Finding& p_finding) const
@@ -102,20 +102,29 @@ void TextReport::writeExcerpt(const Finding& p_finding) const
     fmt::print(m_stream, "      | {}\n", coloured(k_green, shown.underline));
 }
 
-void TextReport::writeSummary(const std::string& p_caseFile, const CaseReport& p_report) const
+void TextReport::writeSummary(const std::string& p_caseFile, const CaseReport& p_report,
+                              const std::string& p_remark) const
+{
+    fmt::print(m_stream, "{}: {} checked: {}{}\n", p_caseFile, counted(p_report.parameters, "parameter"),
+               found(p_report), p_remark);
+}
+
+std::string TextReport::found(const CaseReport& p_report) const
 {
     const std::size_t errors = countOf(p_report, Severity::Error);
     const std::size_t warnings = countOf(p_report, Severity::Warning);
-    const std::string found = errors + warnings == 0
-                                  ? coloured(k_green, "no problems")
+    return errors + warnings == 0 ? coloured(k_green, "no problems")
                                   : counted(errors, "error") + ", " + counted(warnings, "warning");
-    fmt::print(m_stream, "{}: {} checked: {}\n", p_caseFile, counted(p_report.parameters, "parameter"),
-               found);
 }
 
 std::string TextReport::coloured(const char* p_code, const std::string& p_text) const
 {
     return m_colour == Colour::On ? fmt::format("\x1b[{}m{}\x1b[0m", p_code, p_text) : p_text;
+}
+
+std::string counted(std::size_t p_count, const char* p_word)
+{
+    return fmt::format("{} {}{}", p_count, p_word, p_count == 1 ? "" : "s");
 }
 
 }    // namespace qencheck

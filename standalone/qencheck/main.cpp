@@ -5,6 +5,7 @@
 #include "Options.h"
 #include "Subcommand.h"
 #include "UsageErrors.h"
+#include "WatchCommand.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -43,6 +44,7 @@ int main(int p_argc, char** p_argv)
 
     const std::vector<qencheck::Subcommand> subcommands {
         qencheck::addCheckCommand(app),
+        qencheck::addWatchCommand(app),
         qencheck::addLintCommand(app),
         qencheck::addListCommand(app),
     };
