@@ -1,8 +1,10 @@
 #include "model/CaseText.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -90,8 +92,18 @@ void bringUpTo(ModelTree& p_model, const QclDocument* p_before, const QclDocumen
 {
     if (!p_before || !haveTheSameObjects(*p_before, p_now))
         setObjects(p_model, p_before, p_now);
+
+    std::unordered_map<std::string_view, std::uint64_t> contents;
+    if (p_before)
+        for (const QclObject& object : p_before->objects)
+            if (object.content != 0)
+                contents.emplace(object.path, object.content);
     for (const QclObject& object : p_now.objects)
-        setParameters(p_model, object.path, object.parameters);
+    {
+        const auto before = contents.find(object.path);
+        if (before == contents.end() || before->second != object.content)
+            setParameters(p_model, object.path, object.parameters);
+    }
 }
 
 }    // namespace qen::standalone

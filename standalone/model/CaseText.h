@@ -10,7 +10,7 @@ namespace qen::standalone {
 /// deleted, what it says now is added or set, and the objects are brought into its order.
 ///
 /// @param p_before  The text that the model was made from; null for an empty model. Sections that both texts have are
-///                  not looked at.
+///                  not looked at, where a QclFollower read both.
 QEN_STANDALONE_API void bringUpTo(ModelTree& p_model, const QclDocument* p_before, const QclDocument& p_now);
 
 }    // namespace qen::standalone

@@ -7,7 +7,8 @@
 
 namespace qencheck {
 
-/// Whether a file of the case is missing, unreadable or no text, so that the report cannot be whole.
+/// Whether a file of the case is missing, unreadable, too large or no text, or has so many problems that reading
+/// stopped, so that the report cannot be whole.
 bool couldNotBeRead(const qen::standalone::QclDocument& p_case);
 
 /// What a case earns its caller.

@@ -40,7 +40,7 @@ bool isMissingAFile(const Definitions& p_definitions)
 {
     const std::vector<Finding>& problems = p_definitions.problems();
     return std::any_of(problems.begin(), problems.end(), [](const Finding& p_problem) {
-        return p_problem.identifier == "missing-definitions";
+        return p_problem.identifier == "missing-definitions" || p_problem.identifier == "definition-folder";
     });
 }
 

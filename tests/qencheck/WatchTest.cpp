@@ -197,11 +197,14 @@ TEST_F(Watch, FollowsFilesThatAreIncludedFromTheirFirstInclusionOn)
     write("case.qcl", "# nothing\n");
     write("parts/inflow.qcl", speed("2 [m s^-1]"));
     WatchRun run(m_path, {"case.qcl"});
-    EXPECT_NEXT(run, std::string("case.qcl: 0 parameters checked: no problems\n") + k_watching);
+    EXPECT_NEXT(run, std::string("case.qcl: warning: The case holds no object. [empty-case]\n"
+                                 "case.qcl: 0 parameters checked: 0 errors, 1 warning\n") +
+                         k_watching);
 
     save("case.qcl", "include \"parts/inflow.qcl\"\n");
     EXPECT_NEXT(run, "\n---- hh:mm:ss case.qcl saved: 1 of 1 parameter checked again\n"
-                     "case.qcl: 1 parameter checked: no problems (nothing new)\n");
+                     "gone: case.qcl: warning: The case holds no object. [empty-case]\n"
+                     "case.qcl: 1 parameter checked: no problems (0 new, 1 gone)\n");
     save("parts/inflow.qcl", speed("2 [m]"));
     EXPECT_NEXT(run, "\n---- hh:mm:ss parts/inflow.qcl saved: 1 of 1 parameter checked again\n"
                      "new: parts/inflow.qcl:2:9: " +
@@ -352,7 +355,7 @@ protected:
 TEST_F(WatchWithDefinitions, ChecksEverythingWhenADefinitionFileIsSaved)
 {
     // Given a case in a unit that no definition knows
-    std::filesystem::create_directory(path("more"));
+    write("more/RULES.qcl", "# none yet\n");
     write("case.qcl", speed("2 [furlong s^-1]"));
     const std::string unknown =
         "error: Unrecognised units ('furlong s^-1') set for parameter 'Speed' in object "
@@ -439,7 +442,9 @@ TEST_F(Watch, EndsAtOnceWhenADefinitionFileIsNotThereAtTheStart)
     WatchRun run(m_path, {"--definitions", "no/such/folder", "case.qcl"});
 
     EXPECT_EQ(run.status(), 2);
-    EXPECT_THAT(run.rest(), HasSubstr("There is no definition file 'UNITS.qcl' in 'no/such/folder'."));
+    EXPECT_THAT(
+        run.rest(),
+        HasSubstr("The definition folder 'no/such/folder' cannot be read: No such file or directory."));
 }
 
 TEST_F(Watch, EndsOnARequestToTerminateAsOnCtrlC)

@@ -58,9 +58,9 @@ public:
 
     const std::vector<QclObject>& objects() const { return m_case.objects; }
 
-    bool passes(const QclObject& p_object, const QclParameter& p_parameter)
+    bool passes(const std::string& p_objectPath, const std::string& p_name, const std::string& p_value)
     {
-        return m_checker.checkParamExpression(p_object.path, p_parameter.name, p_parameter.value);
+        return m_checker.checkParamExpression(p_objectPath, p_name, p_value);
     }
 
 private:
@@ -121,17 +121,19 @@ TEST_P(OwnHeapOfPassingChecks, IsFourBlocksAndFourForEachLongReference)
         for (const QclParameter& parameter : object.parameters)
         {
             // When a value passes as an expression, and not for the first time at its place
-            if (!example.passes(object, parameter))
+            const std::string name(parameter.name);
+            const std::string value(parameter.value);
+            if (!example.passes(object.path, name, value))
                 continue;
             const std::size_t before = blocksOutsideOfHost();
-            const bool passes = example.passes(object, parameter);
+            const bool passes = example.passes(object.path, name, value);
             const std::size_t blocks = blocksOutsideOfHost() - before;
             ASSERT_TRUE(passes);
 
             // Then the library takes a few blocks, whatever the host takes
-            const References of(parameter.value);
+            const References of(value);
             EXPECT_LE(blocks, k_blocks * (1 + of.longOnes))
-                << parameter.name << " = " << parameter.value << "\nin " << object.path;
+                << name << " = " << value << "\nin " << object.path;
             ++passed;
             references += of.count;
         }

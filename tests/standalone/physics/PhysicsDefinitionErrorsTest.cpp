@@ -232,7 +232,7 @@ Answer = List
 Objetc = {FLOW}
 )"),
         ElementsAre(
-            ErrorAt(2, 9, 1, "unknown-query", "No section defines the query 'b'. Did you mean 'a'?"),
+            ErrorAt(2, 9, 1, "unknown-query", "No section defines the query 'b'."),
             ErrorAt(3, 10, 7, "bad-query-value", "Expected 'Yes' or 'No' for 'Negate', but found 'Perhaps'."),
             ErrorAt(4, 2, 8, "missing-query-key",
                     "The query has no condition. Expected 'Object' or 'Query', here or in a section "
