@@ -265,7 +265,7 @@ void CatalogueDefinitions::load(PreVariableDefStore& p_variables, ExprCBFuncStor
     const CatalogueDefinition* reported = nullptr;
     World world = currentWorld();
     world.onReport = [&](const ErrorMsg& p_message) {
-        const std::string message = p_message.getMessage();
+        const std::string& message = p_message.getMessage();
         p_problems.push_back(
             reported->findingAt(keyOf(message, *reported), Severity::Warning, "definition-warning", message));
     };

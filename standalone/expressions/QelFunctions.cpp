@@ -126,6 +126,7 @@ constexpr auto k_constantIndex = indexed(k_constants);
 std::vector<std::string> functionNames()
 {
     std::vector<std::string> names;
+    names.reserve(k_functions.size());
     for (const Function& function : k_functions)
         names.emplace_back(function.name);
     return names;
@@ -134,6 +135,7 @@ std::vector<std::string> functionNames()
 std::vector<std::string> constantNames()
 {
     std::vector<std::string> names;
+    names.reserve(k_constants.size());
     for (const Constant& constant : k_constants)
         names.emplace_back(constant.name);
     return names;
