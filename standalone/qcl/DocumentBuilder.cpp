@@ -281,8 +281,9 @@ std::uint32_t DocumentBuilder::addProblems(const ParsedSection& p_section, std::
                                            const std::vector<std::uint32_t>& p_earlier)
 {
     const std::vector<SectionParameter>& parameters = p_section.parameters;
+    const std::string_view objectPath = p_object ? std::string_view(p_object->path) : std::string_view();
     const auto placeOfFirst = [&](std::uint32_t p_parameter) {
-        if (!p_earlier.empty() && p_earlier[p_parameter] != Names::k_none)
+        if (p_object && !p_earlier.empty() && p_earlier[p_parameter] != Names::k_none)
             return p_object->parameters[p_earlier[p_parameter]].place;
         return SourcePlace {m_place.file, m_place.line + parameters[p_parameter].line, 0};
     };
@@ -290,7 +291,7 @@ std::uint32_t DocumentBuilder::addProblems(const ParsedSection& p_section, std::
         const std::string_view name = nameOf(parameters[p_first], p_text);
         report(QclProblem::DuplicateParameter, {m_place.file, m_place.line + p_line, p_column}, name.size(),
                fmt::format("The parameter {} is given twice in object {}: in line {} and in line {}.",
-                           inQuotes(name), inQuotes(p_object->path), lineFromHere(placeOfFirst(p_first)),
+                           inQuotes(name), inQuotes(objectPath), lineFromHere(placeOfFirst(p_first)),
                            m_place.line + p_line));
         return p_line;
     };
