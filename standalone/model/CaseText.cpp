@@ -1,6 +1,7 @@
 #include "model/CaseText.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -90,18 +91,25 @@ void setObjects(ModelTree& p_model, const QclDocument* p_before, const QclDocume
 
 void bringUpTo(ModelTree& p_model, const QclDocument* p_before, const QclDocument& p_now)
 {
-    if (!p_before || !haveTheSameObjects(*p_before, p_now))
+    const bool sameObjects = p_before && haveTheSameObjects(*p_before, p_now);
+    if (!sameObjects)
         setObjects(p_model, p_before, p_now);
 
-    std::unordered_map<std::string_view, std::uint64_t> contents;
-    if (p_before)
+    std::unordered_map<std::string_view, std::uint64_t>
+        contents;    // of objects that may stand elsewhere now
+    if (p_before && !sameObjects)
         for (const QclObject& object : p_before->objects)
-            if (object.content != 0)
-                contents.emplace(object.path, object.content);
-    for (const QclObject& object : p_now.objects)
+            contents.emplace(object.path, object.content);
+
+    for (std::size_t i = 0; i < p_now.objects.size(); ++i)
     {
-        const auto before = contents.find(object.path);
-        if (before == contents.end() || before->second != object.content)
+        const QclObject& object = p_now.objects[i];
+        std::uint64_t before = 0;    // unknown
+        if (sameObjects)
+            before = p_before->objects[i].content;
+        else if (const auto known = contents.find(object.path); known != contents.end())
+            before = known->second;
+        if (before == 0 || before != object.content)
             setParameters(p_model, object.path, object.parameters);
     }
 }

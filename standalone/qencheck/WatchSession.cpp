@@ -82,8 +82,8 @@ std::string faultOf(const QclDocument& p_case)
 
 WatchSession::WatchSession(std::string p_caseFile, std::vector<std::string> p_definitionFolders,
                            WatchReport p_report, std::function<void()> p_atEachParameter)
-    : m_caseFile(std::move(p_caseFile)), m_folders(std::move(p_definitionFolders)),
-      m_report(std::move(p_report)), m_atEachParameter(std::move(p_atEachParameter)), m_reader(m_caseFile)
+    : m_caseFile(std::move(p_caseFile)), m_folders(std::move(p_definitionFolders)), m_report(p_report),
+      m_atEachParameter(std::move(p_atEachParameter)), m_reader(m_caseFile)
 {}
 
 bool WatchSession::begin()
