@@ -43,8 +43,12 @@ struct CaseFollower::Impl final : private ModelObserver {
         for (const std::string& path : changedObjects)
             lists.forget(path);
         for (const QclObject& object : p_case.objects)
-            if (changedObjects.contains(object.path))
+        {
+            if (changedObjects.empty())
+                break;
+            if (changedObjects.erase(object.path) != 0)
                 lists.take(object);
+        }
         changedObjects.clear();
 
         ListBudget::Names now = lists.beyond(p_case);
@@ -65,6 +69,8 @@ struct CaseFollower::Impl final : private ModelObserver {
         std::vector<ParameterToCheck> parameters;
         for (const QclObject& object : text->objects)
         {
+            if (names.empty())
+                break;    // as soon as all were met: the text may be long
             const auto ofObject = names.find(object.path);
             if (ofObject == names.end())
                 continue;
@@ -74,6 +80,7 @@ struct CaseFollower::Impl final : private ModelObserver {
                         {{object.path, std::string(parameter.name), std::string(parameter.value)},
                          results.isKnownPath(object.path),
                          !tooLong.empty() && tooLong.contains({object.path, std::string(parameter.name)})});
+            names.erase(ofObject);
         }
         return parameters;
     }

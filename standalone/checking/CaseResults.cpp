@@ -130,6 +130,11 @@ void CaseResults::addEmptyCase(const QclDocument& p_text, std::vector<Finding>& 
 /// What is wrong with the levels of paths, each where it comes first.
 void CaseResults::addPaths(const QclDocument& p_text, std::vector<Finding>& p_findings)
 {
+    // As long as the model has the same objects, their paths are those that were in order.
+    if (m_orderlyVersion == m_case.model().objectsVersion())
+        return;
+    const std::size_t before = p_findings.size();
+
     std::unordered_set<std::string_view> toldByRules;
     std::set<std::pair<std::string_view, std::string_view>> toldByNames;
     for (const QclObject& object : p_text.objects)
@@ -142,6 +147,8 @@ void CaseResults::addPaths(const QclDocument& p_text, std::vector<Finding>& p_fi
             if (toldByNames.insert({finding.subject, finding.identifier}).second)
                 p_findings.push_back(placed(finding, object, p_text));
     }
+    if (p_findings.size() == before)
+        m_orderlyVersion = m_case.model().objectsVersion();
 }
 
 void CaseResults::addRepeatedLocators(const QclDocument& p_text, std::vector<Finding>& p_findings)

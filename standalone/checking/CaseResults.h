@@ -50,6 +50,8 @@ private:
     // By the paths of objects and the names of their parameters; those without findings are left out.
     std::unordered_map<std::string, std::unordered_map<std::string, ParameterFindings>> m_parameters;
     std::unordered_map<std::string, PathFindings> m_paths;
+    std::size_t m_orderlyVersion =
+        static_cast<std::size_t>(-1);    // of the model's objects, without findings
     std::vector<ObjectFinding> m_repeatedLocators;
     std::size_t m_locatorsVersion = 0;    // of the model's objects
     ParameterFindings m_ofCase;
