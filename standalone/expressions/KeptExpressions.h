@@ -3,6 +3,7 @@
 #include "model/ModelTree.h"
 #include "model/ReadGraph.h"
 #include "StandaloneApi.h"
+#include "text/NearestName.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +11,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 namespace qen::standalone {
 
@@ -68,7 +68,7 @@ private:
     std::unordered_map<const ModelTree::Parameter*, Slots> m_slots;    // of the version below
     std::size_t m_version = 0;
 
-    std::vector<std::string> m_variableNames;    // all of them, sorted, once a misspelt one was met
+    KnownNames m_variableNames;    // all of them, sorted, once a misspelt one was met
 };
 
 }    // namespace qen::standalone

@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace qen::standalone::qel {
@@ -55,6 +57,25 @@ const ModelTree::Object* additionalVariableObject(const ModelTree& p_model, std:
     std::memcpy(path.data(), k_additionalVariablePath.data(), k_additionalVariablePath.size());
     std::memcpy(path.data() + k_additionalVariablePath.size(), p_name.data(), p_name.size());
     return p_model.find(std::string_view(path.data(), length));
+}
+
+/// All names of variables and components, sorted.
+KnownNames variableNames(const PreVariableDefStore& p_variables)
+{
+    using Store = PreVariableDefStore;
+    std::vector<std::string> names;
+    const auto add = [&](const std::vector<std::string>& p_names) {
+        names.insert(names.end(), p_names.begin(), p_names.end());
+    };
+    for (const std::string& variable : p_variables.getAllVariableShortNames())
+    {
+        add(p_variables.getVariableAliases(variable));
+        for (const Store::VarDefField field : {Store::COMPONENT_SHORT_NAMES, Store::COMPONENT_LONG_NAMES})
+            add(p_variables.getVarDefDataVec(variable, field));
+    }
+    std::ranges::sort(names);
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return KnownNames(std::move(names));
 }
 
 }
@@ -183,23 +204,13 @@ std::string Names::nearestValue(std::string_view p_name) const
 
 std::string Names::nearestVariable(std::string_view p_name) const
 {
-    using Store = PreVariableDefStore;
-    std::vector<std::string> fresh;
-    std::vector<std::string>& names = m_world.expressions ? m_world.expressions->m_variableNames : fresh;
-    if (!m_world.variables || !names.empty())
-        return nearestName(p_name, names);
-    const auto add = [&](const std::vector<std::string>& p_names) {
-        names.insert(names.end(), p_names.begin(), p_names.end());
-    };
-    for (const std::string& variable : m_world.variables->getAllVariableShortNames())
-    {
-        add(m_world.variables->getVariableAliases(variable));
-        for (const Store::VarDefField field : {Store::COMPONENT_SHORT_NAMES, Store::COMPONENT_LONG_NAMES})
-            add(m_world.variables->getVarDefDataVec(variable, field));
-    }
-    std::ranges::sort(names);
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    return nearestName(p_name, names);
+    if (!m_world.variables)
+        return {};
+    KnownNames fresh;
+    KnownNames& kept = m_world.expressions ? m_world.expressions->m_variableNames : fresh;
+    if (kept.empty())
+        kept = variableNames(*m_world.variables);
+    return kept.nearest(p_name);
 }
 
 std::string Names::nearestFunction(std::string_view p_name) const
