@@ -6,7 +6,7 @@
 namespace qen::benchmarks {
 
 CheckSetting::CheckSetting(const PreVariableDefStore* p_variables)
-    : m_definitions({QEN_DEFINITIONS_DIR}),
+    : m_definitions({QEN_DEFINITIONS_DIR}), m_expressions(m_model),
       m_world(makeWorld(p_variables ? *p_variables : m_definitions.variables())), m_prefixes(m_model),
       m_locators(m_model), m_shortNames(*m_world.variables),
       m_physics(m_definitions.physics(), m_model, [this] { return m_model.version(); }),
@@ -24,7 +24,7 @@ CheckSetting::CheckSetting(const PreVariableDefStore* p_variables)
         m_model.setParameter(formula.objectPath, formula.paramName, formula.expression);
 }
 
-standalone::World CheckSetting::makeWorld(const PreVariableDefStore& p_variables) const
+standalone::World CheckSetting::makeWorld(const PreVariableDefStore& p_variables)
 {
     standalone::World world;
     world.units = &m_definitions.units();
@@ -32,6 +32,7 @@ standalone::World CheckSetting::makeWorld(const PreVariableDefStore& p_variables
     world.callbacks = &m_definitions.callbacks();
     world.rules = &m_definitions.rules();
     world.model = &m_model;
+    world.expressions = &m_expressions;
     return world;
 }
 

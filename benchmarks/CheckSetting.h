@@ -3,6 +3,7 @@
 #include "Formulas.h"
 
 #include "definitions/Definitions.h"
+#include "expressions/KeptExpressions.h"
 #include "locators/ModelLocators.h"
 #include "model/ModelTree.h"
 #include "names/PrefixClassifier.h"
@@ -63,11 +64,12 @@ public:
 private:
     explicit CheckSetting(const PreVariableDefStore* p_variables);
 
-    standalone::World makeWorld(const PreVariableDefStore& p_variables) const;
+    standalone::World makeWorld(const PreVariableDefStore& p_variables);
     DimExprChecker makeChecker(const PreVariableDefStore& p_variables) const;
 
     standalone::Definitions m_definitions;
     standalone::ModelTree m_model;
+    standalone::KeptExpressions m_expressions;
     standalone::World m_world;
     standalone::PrefixClassifier m_prefixes;
     standalone::ModelLocators m_locators;

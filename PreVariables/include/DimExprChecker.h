@@ -4,6 +4,8 @@
 #include "PreVariablesApi.h"
 #include "VariablePrefixInfo.h"
 
+#include "QCLPath.h"
+
 #include <map>
 #include <set>
 #include <string>
@@ -17,7 +19,6 @@ class ExprParamRules;
 class LocatorInfo;
 class ModelQCL;
 class PreVariableDefStore;
-class QCLPath;
 class QuantityModifier;
 class SplitVariableName;
 class UnitDimensions;
@@ -29,7 +30,7 @@ struct CallbackInfo;
 /// one record; a parameter's first problem ends its check.
 ///
 /// The objects given at construction are neither owned nor copied and must outlive the checker. A copy carries the
-/// records and caches of its original. One thread at a time.
+/// records and caches of its original. One thread at a time, and not from within a call that a check makes of the host.
 class QEN_PREVARIABLES_API DimExprChecker : public ExpressionErrors {
 public:
     DimExprChecker(const ModelQCL* p_model, const ExprParamRules* p_rules,
@@ -83,6 +84,8 @@ private:
     // Each check returns when nothing is wrong, and otherwise raises; the entry points above make the record.
 
     // The order of the steps for one expression.
+    bool readExpression(const std::string& p_paramName, const std::string& p_expression,
+                        UnitDimensions& p_dims);
     void checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
                             const std::string& p_expression);
     template <class Check>
@@ -110,6 +113,8 @@ private:
     void checkVariablesUsed(const std::string& p_objectPath, const std::string& p_paramName,
                             const std::string& p_paramValue, bool p_singleValued, bool p_expressionKind,
                             const std::vector<std::string>& p_variableNames);
+    void checkVariable(const std::string& p_objectPath, const std::string& p_paramName, bool p_singleValued,
+                       const std::string& p_variableName);
     void checkIsScalarVariable(const std::string& p_objectPath, const std::string& p_paramName,
                                const SplitVariableName& p_name);
     void checkValidCoordUsage(const std::string& p_objectPath, const std::string& p_paramName,
@@ -141,6 +146,23 @@ private:
 
     friend struct DimExprCheckerPeer;    // tests look at single steps and at the caches
 
+    // What the check of one parameter gathers. It stands here for its memory, and so that the frames which an exception
+    // passes have nothing to destroy: each that has costs as much as a throw.
+    struct Gathered {
+        std::vector<std::string> variables;
+        std::vector<CallbackInfo> callbacks;
+        std::string evaluatorError;
+        std::string units;
+        std::string quantity;
+        std::string expectedUnits;
+        QCLPath prefixContext;    // of every name
+        std::vector<SplitVariableName> splitNames;
+        std::vector<std::string> fieldValuedNames;
+        std::vector<std::string> dependencies;
+        std::vector<std::string> rootNames;
+        std::vector<std::string> refusedNames;    // for the message
+    };
+
     const ModelQCL* m_model;
     const ExprParamRules* m_rules;
     const QuantityModifier* m_quantityModifier;
@@ -154,6 +176,7 @@ private:
     mutable std::set<std::string> m_ruleParamNames;                       // filled on first use
     mutable bool m_ruleNamesCached = false;
     std::string m_pathText;    // where paths are built; kept for its memory
+    Gathered m_gathered;
 };
 
 }    // namespace qen

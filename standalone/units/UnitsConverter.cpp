@@ -27,6 +27,14 @@ const standalone::UnitSystem& installedUnits(const char* p_operation)
     return *system;
 }
 
+units::error notUnderstood(const standalone::UnitSystem& p_system, const std::string& p_units)
+{
+    std::string reason;
+    p_system.parse(p_units, &reason);
+    return {"UnitsConverter", "dimsFromUnits",
+            "Units " + standalone::quoted(p_units) + " are not understood: " + reason + '.', ErrorTypeError};
+}
+
 }
 
 UnitsConverter& UnitsConverter::instance()
@@ -51,10 +59,7 @@ UnitDimensions UnitsConverter::dimsFromUnits(const std::string& p_units) const
     if (const std::optional<standalone::UnitValue> value = system.parse(p_units))
         return value->dims;
 
-    std::string reason;
-    system.parse(p_units, &reason);
-    fail("dimsFromUnits",
-         fmt::format("Units {} are not understood: {}.", standalone::quoted(p_units), reason));
+    throw notUnderstood(system, p_units);
 }
 
 std::string UnitsConverter::getBaseUnitName(const UnitDimensions& p_dims) const

@@ -87,6 +87,30 @@ const messages::Row& rowSaying(const std::string& p_text)
     return *row;
 }
 
+/// Raises a row that only a running test knows.
+[[noreturn]] void raiseAtRunTime(const messages::Row& p_row, const std::vector<messages::Value>& p_values)
+{
+    using messages::Raises;
+    switch (p_row.raises)
+    {
+    case Raises::Warning:
+        throw messages::problem<Raises::Warning>(p_row, p_values);
+    case Raises::Bounds:
+        throw messages::problem<Raises::Bounds>(p_row, p_values);
+    case Raises::Units:
+        throw messages::problem<Raises::Units>(p_row, p_values);
+    case Raises::DynamicQuantity:
+        throw messages::problem<Raises::DynamicQuantity>(p_row, p_values);
+    case Raises::InvalidBound:
+        throw messages::problem<Raises::InvalidBound>(p_row, p_values);
+    case Raises::Name:
+        throw messages::problem<Raises::Name>(p_row, p_values);
+    case Raises::Error:
+        break;
+    }
+    throw messages::problem<Raises::Error>(p_row, p_values);
+}
+
 class CatalogueMessage : public testing::TestWithParam<expected::Message> {};
 
 TEST_P(CatalogueMessage, StandsThereOnceWithItsText)
@@ -141,8 +165,7 @@ TEST_P(CatalogueMessage, IsThrownAsItsClassWithItsPlaceholdersFilled)
     // When the row is raised, then class, origin and text are those of the message
     try
     {
-        messages::raiseRow(rowSaying(GetParam().text),
-                           std::vector<messages::Value>(values.begin(), values.end()));
+        raiseAtRunTime(rowSaying(GetParam().text), {values.begin(), values.end()});
     }
     catch (const Error& thrown)
     {
@@ -221,10 +244,10 @@ TEST(MessageCatalogue, WarnsOfAValueTooManyAndStillThrows)
     const std::string printed = support::standardErrorOf([&] {
         try
         {
-            messages::raiseRow(
+            raiseAtRunTime(
                 rowSaying(
                     "Invalid units ('%1') set for parameter '%2' in object '%3'. Expected units: '%4'."),
-                std::vector<messages::Value> {"m", "Speed", "/FLOW:F", "m s^-1", "one too many"});
+                {"m", "Speed", "/FLOW:F", "m s^-1", "one too many"});
         }
         catch (const DimExprErrors::units_error& thrown)
         {

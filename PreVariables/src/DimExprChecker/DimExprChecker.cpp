@@ -3,6 +3,7 @@
 #include "DimExprErrors.h"
 #include "ExprParamRules.h"
 #include "MessageCatalogue.h"
+#include "SplitVariableName.h"
 
 #include "CallbackInfo.h"
 #include "ExpressionEvaluator.h"
@@ -108,45 +109,61 @@ bool DimExprChecker::passes(const std::string& p_objectPath, const std::string& 
     return false;
 }
 
-void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
-                                        const std::string& p_expression)
+/// What the expression refers to, and the dimensions of its result.
+///
+/// @return Whether the evaluator understands it; otherwise why not is gathered.
+bool DimExprChecker::readExpression(const std::string& p_paramName, const std::string& p_expression,
+                                    UnitDimensions& p_dims)
 {
-    std::vector<std::string> variables;
-    std::vector<CallbackInfo> callbacks;
-    UnitDimensions dims;
+    m_gathered.variables.clear();
+    m_gathered.callbacks.clear();
     try
     {
-        ExpressionEvaluator::getVariablesAndCallbacks(p_expression, variables, callbacks, dims, p_paramName);
+        ExpressionEvaluator::getVariablesAndCallbacks(p_expression, m_gathered.variables,
+                                                      m_gathered.callbacks, p_dims, p_paramName);
+        return true;
     }
     catch (const expressions::error& error)
     {
-        raise<Msg::BadExpression>(p_expression, p_paramName, p_objectPath, error.getMessage());
+        m_gathered.evaluatorError = error.getMessage();
     }
+    return false;
+}
+
+void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
+                                        const std::string& p_expression)
+{
+    UnitDimensions dims;
+    if (!readExpression(p_paramName, p_expression, dims))
+        raise<Msg::BadExpression>(p_expression, p_paramName, p_objectPath, m_gathered.evaluatorError);
 
     const bool expressionKind = m_rules->paramKind(p_objectPath, p_paramName, m_model) == k_expressionKind;
     if (!expressionKind)
-        checkParamUnits(p_objectPath, p_paramName, UnitsConverter::instance().getBaseUnitName(dims), true);
+    {
+        m_gathered.units = UnitsConverter::instance().getBaseUnitName(dims);
+        checkParamUnits(p_objectPath, p_paramName, m_gathered.units, true);
+    }
 
     const bool singleValued = m_rules->isSingleValued(p_objectPath, p_paramName, m_model);
-    checkCallbacksUsed(p_objectPath, p_paramName, !singleValued, callbacks);
-    checkVariablesUsed(p_objectPath, p_paramName, p_expression, singleValued, expressionKind, variables);
+    checkCallbacksUsed(p_objectPath, p_paramName, !singleValued, m_gathered.callbacks);
+    checkVariablesUsed(p_objectPath, p_paramName, p_expression, singleValued, expressionKind,
+                       m_gathered.variables);
 
-    if (!variables.empty() || !callbacks.empty())
+    if (!m_gathered.variables.empty() || !m_gathered.callbacks.empty())
         return;
 
     float value = 0.0F;
-    std::string units;
     try
     {
         const Quantity quantity = ExpressionEvaluator::evalSingleValue(p_expression, p_paramName);
         value = quantity.getValue();
-        units = quantity.getUnits();
+        m_gathered.units = quantity.getUnits();
     }
     catch (const expressions::error&)
     {
         return;    // a constant that has no single value has no bounds to keep
     }
-    checkParamBounds(p_objectPath, p_paramName, value, units);
+    checkParamBounds(p_objectPath, p_paramName, value, m_gathered.units);
 }
 
 }    // namespace qen

@@ -4,6 +4,7 @@
 #include "PreVariablesApi.h"
 
 #include <string>
+#include <utility>
 
 /// What the checks raise. The classes add nothing to the host's exception but their own type, by which the entry
 /// points and a host tell problems apart; their type information is visible so that a host's `catch` sees them.
@@ -15,16 +16,16 @@ namespace qen::DimExprErrors {
 /// A problem at error level that has no class of its own.
 class QEN_PREVARIABLES_API dxerror : public expressions::error {
 public:
-    explicit dxerror(const std::string& p_message)
-        : expressions::error("DimExprChecker", "checkParam", p_message, ErrorTypeError)
+    explicit dxerror(std::string p_message)
+        : expressions::error("DimExprChecker", "checkParam", std::move(p_message), ErrorTypeError)
     {}
 };
 
 /// A problem at warning level; not a dxerror.
 class QEN_PREVARIABLES_API dxwarning : public expressions::error {
 public:
-    explicit dxwarning(const std::string& p_message)
-        : expressions::error("DimExprChecker", "checkParam", p_message, ErrorTypeError)
+    explicit dxwarning(std::string p_message)
+        : expressions::error("DimExprChecker", "checkParam", std::move(p_message), ErrorTypeError)
     {}
 };
 

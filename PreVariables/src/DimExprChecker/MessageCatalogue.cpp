@@ -1,15 +1,13 @@
 #include "MessageCatalogue.h"
 
 #include "CheckMessages.h"
-#include "DimExprErrors.h"
 
-#include "DataError.h"
-#include "ExpressionsError.h"
 #include "StringUtilities.h"
 #include "UserMsg.h"
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace qen {
 namespace {
@@ -56,29 +54,26 @@ std::string Value::text() const
     return std::string(m_text);
 }
 
-// Nothing with a destructor lives here when the exception is thrown: each frame that has one costs as much as a throw.
-void raiseRow(const Row& p_row, std::span<const Value> p_values)
+template <Raises What>
+Problem<What> problem(const Row& p_row, std::span<const Value> p_values)
 {
-    switch (p_row.raises)
-    {
-    case Raises::Warning:
-        throw DimExprErrors::dxwarning(textOf(p_row, p_values));
-    case Raises::Bounds:
-        throw DimExprErrors::bounds_error(textOf(p_row, p_values));
-    case Raises::Units:
-        throw DimExprErrors::units_error(textOf(p_row, p_values));
-    case Raises::DynamicQuantity:
-        throw DimExprErrors::dynamic_quant_error(textOf(p_row, p_values));
-    case Raises::InvalidBound:
-        throw data::error("DimExprChecker", "extractBoundValue", textOf(p_row, p_values), ErrorTypeError);
-    case Raises::Name:
-        throw expressions::name("SplitVariableName", "SplitVariableName", textOf(p_row, p_values),
-                                ErrorTypeError);
-    case Raises::Error:
-        break;
-    }
-    throw DimExprErrors::dxerror(textOf(p_row, p_values));
+    std::string text = textOf(p_row, p_values);
+    if constexpr (What == Raises::InvalidBound)
+        return {"DimExprChecker", "extractBoundValue", std::move(text), ErrorTypeError};
+    else if constexpr (What == Raises::Name)
+        return {"SplitVariableName", "SplitVariableName", std::move(text), ErrorTypeError};
+    else
+        return Problem<What>(std::move(text));
 }
+
+template Problem<Raises::Error> problem<Raises::Error>(const Row&, std::span<const Value>);
+template Problem<Raises::Warning> problem<Raises::Warning>(const Row&, std::span<const Value>);
+template Problem<Raises::Bounds> problem<Raises::Bounds>(const Row&, std::span<const Value>);
+template Problem<Raises::Units> problem<Raises::Units>(const Row&, std::span<const Value>);
+template Problem<Raises::DynamicQuantity> problem<Raises::DynamicQuantity>(const Row&,
+                                                                           std::span<const Value>);
+template Problem<Raises::InvalidBound> problem<Raises::InvalidBound>(const Row&, std::span<const Value>);
+template Problem<Raises::Name> problem<Raises::Name>(const Row&, std::span<const Value>);
 
 }    // namespace messages
 

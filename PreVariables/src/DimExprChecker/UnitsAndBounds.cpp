@@ -25,6 +25,19 @@ namespace {
 constexpr int k_dynamicMode = 1;
 constexpr float k_slack = 1e-7F;    // of the bound's magnitude; of a bound of zero, absolute
 
+[[gnu::noinline]] bool understands(const UnitsConverter& p_converter, const std::string& p_units)
+{
+    try
+    {
+        p_converter.dimsFromUnits(p_units);
+        return true;
+    }
+    catch (const units::error&)
+    {
+        return false;
+    }
+}
+
 bool satisfiesLowerBound(float p_value, float p_lower)
 {
     if (p_value >= p_lower)
@@ -62,13 +75,15 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
 void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
                                      const std::string& p_units, bool p_fromExpression)
 {
-    std::string quantity;
+    std::string& quantity = m_gathered.quantity;
+    quantity.clear();
     const int mode = m_quantityModifier->quantityMode(m_model, p_objectPath, p_paramName, quantity);
     if (quantity.empty())
         return;
 
     const bool dynamic = mode == k_dynamicMode;
-    std::string expected;
+    std::string& expected = m_gathered.expectedUnits;
+    expected.clear();
     if (dynamic)
         expected = m_quantityModifier->dynamicUnits(quantity);
 
@@ -85,14 +100,8 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
         }
     }
 
-    try
-    {
-        converter.dimsFromUnits(p_units);
-    }
-    catch (const units::error&)
-    {
+    if (!understands(converter, p_units))
         raise<Msg::UnrecognisedUnits>(ShownUnits {p_units}, p_paramName, p_objectPath);
-    }
 
     float converted = 0.0F;
     if (converter.convertUnits(p_units, expected, 0.0F, converted, true))

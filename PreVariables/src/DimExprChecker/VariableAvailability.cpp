@@ -19,38 +19,38 @@ void DimExprChecker::checkVariableAvailability(const std::string& p_objectPath,
                                                const std::string& p_paramName,
                                                const std::vector<SplitVariableName>& p_splitNames)
 {
-    const std::vector<std::string> dependencyList = m_rules->dependencies(p_objectPath, p_paramName, m_model);
+    const std::vector<std::string>& dependencyList = m_gathered.dependencies =
+        m_rules->dependencies(p_objectPath, p_paramName, m_model);
     if (dependencyList.empty())
         internalError(k_noDependencies);
 
-    std::vector<std::string> unavailable;
+    std::vector<std::string>& refused = m_gathered.refusedNames;
+    refused.clear();
 
     // Deliberate: only the first entry counts as "ANY". Held by Availability.AnyCountsOnlyAsTheFirstEntry.
     if (dependencyList.empty() || dependencyList.front() != "ANY")
     {
-        std::vector<std::string> roots;
-        std::vector<std::string> additionalVariables;
-        roots.reserve(p_splitNames.size());
+        m_gathered.rootNames.clear();
         for (const SplitVariableName& name : p_splitNames)
         {
-            roots.push_back(name.root().name());
+            m_gathered.rootNames.push_back(name.root().name());
             if (name.isAV())
-                additionalVariables.push_back(name.root().name());
+                refused.push_back(name.root().name());
         }
-        if (!additionalVariables.empty())
-            raise<Msg::AVsNotAllowed>(p_paramName, p_objectPath, additionalVariables);
+        if (!refused.empty())
+            raise<Msg::AVsNotAllowed>(p_paramName, p_objectPath, refused);
 
-        if (!m_availabilityChecker->areGenerallyAvailable(roots, dependencyList, unavailable))
-            raise<Msg::UnavailableVariables>(p_paramName, p_objectPath, unavailable);
+        if (!m_availabilityChecker->areGenerallyAvailable(m_gathered.rootNames, dependencyList, refused))
+            raise<Msg::UnavailableVariables>(p_paramName, p_objectPath, refused);
     }
 
     if (!modelpaths::levelName(p_objectPath, modelpaths::k_domain).empty())
         for (const SplitVariableName& name : p_splitNames)
             if (!m_availabilityChecker->isAvailableAsDefined(name, *m_varDefStore, p_objectPath))
-                unavailable.push_back(name.root().name());
+                refused.push_back(name.root().name());
 
-    if (!unavailable.empty())
-        raise<Msg::UnavailableVariables>(p_paramName, p_objectPath, unavailable);
+    if (!refused.empty())
+        raise<Msg::UnavailableVariables>(p_paramName, p_objectPath, refused);
 }
 
 }    // namespace qen

@@ -17,7 +17,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace qen {
@@ -31,6 +30,13 @@ using TensType = PreVariableDefStore::TensType;
 
 constexpr const char* k_noVariables = "NONE";
 constexpr const char* k_general = "GENERAL";
+
+// Deliberate: no list at all forbids variables as "NONE" does.
+// Held by VariablesUsed.AreNotAllowedWhereTheRulesListNothing.
+bool forbidsVariables(const std::vector<std::string>& p_dependencies)
+{
+    return p_dependencies.empty() || std::ranges::find(p_dependencies, k_noVariables) != p_dependencies.end();
+}
 
 /// The number of selector letters that is one too many: a scalar takes none, a vector one, a symmetric tensor two. What
 /// is no known type takes none either.
@@ -116,44 +122,45 @@ void DimExprChecker::checkVariablesUsed(const std::string& p_objectPath, const s
     if (p_variableNames.empty())
         return;
 
-    // Deliberate: no list at all forbids variables as "NONE" does.
-    // Held by VariablesUsed.AreNotAllowedWhereTheRulesListNothing.
-    const std::vector<std::string> dependencies = m_rules->dependencies(p_objectPath, p_paramName, m_model);
-    if (!p_expressionKind && (dependencies.empty() || std::find(dependencies.begin(), dependencies.end(),
-                                                                k_noVariables) != dependencies.end()))
+    m_gathered.dependencies = m_rules->dependencies(p_objectPath, p_paramName, m_model);
+    if (!p_expressionKind && forbidsVariables(m_gathered.dependencies))
         raise<Msg::VariablesNotAllowed>(p_paramName, p_objectPath);
 
-    const QCLPath prefixContext =
-        p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);    // of every name
-    std::vector<std::string> fieldValuedNames;
-    std::vector<SplitVariableName> splitNames;
-    splitNames.reserve(p_variableNames.size());
+    m_gathered.prefixContext = p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);
+    m_gathered.splitNames.clear();
+    m_gathered.splitNames.reserve(p_variableNames.size());
+    m_gathered.fieldValuedNames.clear();
     for (const std::string& variableName : p_variableNames)
-    {
-        const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_pathText));
-        SplitVariableName name(variableName, &rootFinder);
+        checkVariable(p_objectPath, p_paramName, p_singleValued, variableName);
 
-        checkIsScalarVariable(p_objectPath, p_paramName, name);
-        checkValidCoordUsage(p_objectPath, p_paramName, name);
-        checkSuffixes(p_objectPath, p_paramName, name);
-
-        if (p_singleValued && (name.isAV() || m_varDefStore->varMatchesTrue(
-                                                  name.root().name(), PreVariableDefStore::FIELD_VARIABLE)))
-            fieldValuedNames.push_back(variableName);
-
-        if (!prefixContext.empty())
-            checkPrefixesAt(prefixContext, p_objectPath, p_paramName, name);
-
-        if (!name.isAV())
-            splitNames.push_back(std::move(name));
-    }
-
-    if (!fieldValuedNames.empty())
+    if (!m_gathered.fieldValuedNames.empty())
         raise<Msg::FieldValuedVariables>(p_paramName, p_objectPath,
-                                         StringUtilities::vectorToString(fieldValuedNames, ','));
+                                         StringUtilities::vectorToString(m_gathered.fieldValuedNames, ','));
 
     if (!p_expressionKind)
-        checkVariableAvailability(p_objectPath, p_paramName, splitNames);
+        checkVariableAvailability(p_objectPath, p_paramName, m_gathered.splitNames);
+}
+
+/// What can be told of a variable by itself. Gathers what is told of all of them together.
+void DimExprChecker::checkVariable(const std::string& p_objectPath, const std::string& p_paramName,
+                                   bool p_singleValued, const std::string& p_variableName)
+{
+    const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_pathText));
+    const SplitVariableName& name = m_gathered.splitNames.emplace_back(p_variableName, &rootFinder);
+
+    checkIsScalarVariable(p_objectPath, p_paramName, name);
+    checkValidCoordUsage(p_objectPath, p_paramName, name);
+    checkSuffixes(p_objectPath, p_paramName, name);
+
+    if (p_singleValued && (name.isAV() || m_varDefStore->varMatchesTrue(name.root().name(),
+                                                                        PreVariableDefStore::FIELD_VARIABLE)))
+        m_gathered.fieldValuedNames.push_back(p_variableName);
+
+    if (!m_gathered.prefixContext.empty())
+        checkPrefixesAt(m_gathered.prefixContext, p_objectPath, p_paramName, name);
+
+    if (name.isAV())
+        m_gathered.splitNames.pop_back();
 }
 
 void DimExprChecker::checkIsScalarVariable(const std::string& p_objectPath, const std::string& p_paramName,
