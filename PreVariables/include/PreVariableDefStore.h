@@ -293,6 +293,8 @@ private:
     };
 
     struct Value {
+        explicit Value(const std::string& p_text) : text(p_text) {}
+
         std::string text;
         std::size_t record = k_noRecord;    // that the text names
     };

@@ -128,14 +128,14 @@ void DocumentBuilder::ObjectIndex::place(const Slot& p_slot)
 
 QclDocument DocumentBuilder::readFile(const std::string& p_path)
 {
-    std::variant<std::string, ReadFailure> bytes = readBytes(p_path, m_limits.fileBytes, false);
+    std::variant<FileBytes, ReadFailure> bytes = readBytes(p_path, m_limits.fileBytes, false);
     if (const auto* failure = std::get_if<ReadFailure>(&bytes))
     {
-        m_document.files.emplace_back(p_path, std::string());
+        m_document.files.emplace_back(p_path);
         reportUnread(p_path, *failure, {}, 0);
     }
     else
-        readBytesOf(p_path, std::move(std::get<std::string>(bytes)));
+        readBytesOf(p_path, std::move(std::get<FileBytes>(bytes)));
     return std::move(m_document);
 }
 
@@ -143,22 +143,22 @@ QclDocument DocumentBuilder::readText(const std::string& p_name, const std::stri
 {
     if (p_text.size() > m_limits.fileBytes)
     {
-        m_document.files.emplace_back(p_name, std::string());
+        m_document.files.emplace_back(p_name);
         reportUnread(p_name, {ReadFailure::Kind::TooLarge, {}}, {}, 0);
     }
     else
-        readBytesOf(p_name, p_text);
+        readBytesOf(p_name, FileBytes(p_text));
     return std::move(m_document);
 }
 
 /// Reads a file whose bytes are there, in place.
-void DocumentBuilder::readBytesOf(const std::string& p_path, std::string p_bytes)
+void DocumentBuilder::readBytesOf(const std::string& p_path, FileBytes p_bytes)
 {
-    m_bytesRead += p_bytes.size();
+    m_bytesRead += p_bytes.view().size();
     const auto number = static_cast<std::uint32_t>(m_document.files.size());
-    if (isBinary(p_bytes))
+    if (isBinary(p_bytes.view()))
     {
-        m_document.files.emplace_back(p_path, std::string());
+        m_document.files.emplace_back(p_path);
         report(QclProblem::FileBinary, {number, 0, 0}, 0,
                fmt::format("The file {} is no text: it holds zero bytes. Expected UTF-8.", inQuotes(p_path)));
         return;
@@ -388,11 +388,11 @@ void DocumentBuilder::includeFile(std::string_view p_named)
                       fmt::format("The file {} is one too many. Expected at most {} included files.",
                                   inQuotes(p_named), m_limits.includedFiles));
 
-    std::variant<std::string, ReadFailure> bytes = readBytes(path, m_limits.fileBytes - m_bytesRead, true);
+    std::variant<FileBytes, ReadFailure> bytes = readBytes(path, m_limits.fileBytes - m_bytesRead, true);
     if (const auto* failure = std::get_if<ReadFailure>(&bytes))
         return reportUnread(path, *failure, place, p_named.size());
 
-    readBytesOf(path, std::move(std::get<std::string>(bytes)));
+    readBytesOf(path, std::move(std::get<FileBytes>(bytes)));
 }
 
 /// The place of a stretch of the current line.

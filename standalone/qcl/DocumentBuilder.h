@@ -81,7 +81,7 @@ private:
         std::uint32_t m_count = 0;
     };
 
-    void readBytesOf(const std::string& p_path, std::string p_bytes);
+    void readBytesOf(const std::string& p_path, FileBytes p_bytes);
     void readSections(std::string_view p_text);
 
     void addSection(const ParsedSection& p_section, std::string_view p_text);

@@ -8,36 +8,35 @@
 namespace qen::standalone {
 
 struct SourceFile::Text {
-    explicit Text(std::string p_bytes) : bytes(std::move(p_bytes)) {}
+    explicit Text(FileBytes p_bytes) : bytes(std::move(p_bytes)) {}
 
     /// The offset of each line.
     const std::vector<std::size_t>& lineStarts() const
     {
         std::call_once(m_found, [this] {
-            for (std::size_t begin = 0; begin < bytes.size();)
+            const std::string_view text = bytes.view();
+            for (std::size_t begin = 0; begin < text.size();)
             {
                 m_lineStarts.push_back(begin);
-                const std::size_t end = bytes.find('\n', begin);
-                begin = end == std::string::npos ? bytes.size() : end + 1;
+                const std::size_t end = text.find('\n', begin);
+                begin = end == std::string_view::npos ? text.size() : end + 1;
             }
         });
         return m_lineStarts;
     }
 
-    const std::string bytes;
+    const FileBytes bytes;
 
 private:
     mutable std::once_flag m_found;
     mutable std::vector<std::size_t> m_lineStarts;
 };
 
-SourceFile::SourceFile() : SourceFile({}, {}) {}
-
-SourceFile::SourceFile(std::string p_path, std::string p_text)
+SourceFile::SourceFile(std::string p_path, FileBytes p_text)
     : path(std::move(p_path)), m_text(std::make_shared<const Text>(std::move(p_text)))
 {}
 
-std::string_view SourceFile::text() const { return m_text->bytes; }
+std::string_view SourceFile::text() const { return m_text->bytes.view(); }
 
 std::size_t SourceFile::lineCount() const { return m_text->lineStarts().size(); }
 

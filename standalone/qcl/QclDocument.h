@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qcl/Diagnostics.h"
+#include "qcl/SourceText.h"
 #include "StandaloneApi.h"
 
 #include <cstddef>
@@ -16,8 +17,7 @@ namespace qen::standalone {
 /// is: views into it hold for as long as one of the copies lives.
 class QEN_STANDALONE_API SourceFile {
 public:
-    SourceFile();    ///< without a name, and empty
-    SourceFile(std::string p_path, std::string p_text);
+    explicit SourceFile(std::string p_path = {}, FileBytes p_text = {});
 
     std::string path;    ///< as the user named it, or as it was found from there
 

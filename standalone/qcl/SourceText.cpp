@@ -4,9 +4,8 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
-#include <memory>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -21,8 +20,28 @@ ReadFailure unreadable(int p_error)
 
 }    // namespace
 
-std::variant<std::string, ReadFailure> readBytes(const std::string& p_path, std::size_t p_mostBytes,
-                                                 bool p_onlyPlainFile)
+FileBytes::FileBytes(std::string_view p_copied)
+{
+    if (!p_copied.empty())
+        std::memcpy(room(p_copied.size()), p_copied.data(), p_copied.size());
+    add(p_copied.size());
+}
+
+char* FileBytes::room(std::size_t p_count)
+{
+    if (m_capacity - m_size < p_count)
+    {
+        m_capacity = std::max(m_size + p_count, 2 * m_capacity);
+        std::unique_ptr<char[]> memory = std::make_unique_for_overwrite<char[]>(m_capacity);
+        if (m_size != 0)
+            std::memcpy(memory.get(), m_memory.get(), m_size);
+        m_memory = std::move(memory);
+    }
+    return m_memory.get() + m_size;
+}
+
+std::variant<FileBytes, ReadFailure> readBytes(const std::string& p_path, std::size_t p_mostBytes,
+                                               bool p_onlyPlainFile)
 {
     namespace fs = std::filesystem;
 
@@ -49,32 +68,28 @@ std::variant<std::string, ReadFailure> readBytes(const std::string& p_path, std:
     if (std::setvbuf(file.get(), nullptr, _IONBF, 0) != 0)
         return unreadable(errno);
 
-    std::string bytes;
-    std::size_t count = 0;
-    for (;; stretch = std::max(k_leastStretch, count))
+    FileBytes bytes;
+    for (bool isWhole = false; !isWhole; stretch = std::max(k_leastStretch, bytes.view().size()))
     {
-        bytes.resize(count + stretch);
-        const std::size_t more = std::fread(bytes.data() + count, 1, stretch, file.get());
-        count += more;
-        if (count > p_mostBytes)
+        const std::size_t more = std::fread(bytes.room(stretch), 1, stretch, file.get());
+        bytes.add(more);
+        if (bytes.view().size() > p_mostBytes)
             return ReadFailure {ReadFailure::Kind::TooLarge, {}};
-        if (more < stretch)
-            break;
+        isWhole = more < stretch;
     }
-    bytes.resize(count);
     if (std::ferror(file.get()))
         return unreadable(errno);
     return bytes;
 }
 
-std::string withoutByteOrderMark(std::string p_bytes)
+FileBytes withoutByteOrderMark(FileBytes p_bytes)
 {
     constexpr std::string_view k_byteOrderMark = "\xEF\xBB\xBF";
-    if (p_bytes.starts_with(k_byteOrderMark))
-        p_bytes.erase(0, k_byteOrderMark.size());
+    if (p_bytes.view().starts_with(k_byteOrderMark))
+        p_bytes.dropFront(k_byteOrderMark.size());
     return p_bytes;
 }
 
-bool isBinary(const std::string& p_bytes) { return p_bytes.find('\0') != std::string::npos; }
+bool isBinary(std::string_view p_bytes) { return p_bytes.find('\0') != std::string_view::npos; }
 
 }    // namespace qen::standalone

@@ -17,6 +17,8 @@ namespace {
 
 using standalone::trimmed;
 
+constexpr std::size_t k_mostOfShortList = 4;    // pieces
+
 /// Hands over each piece between separators, trimmed. A blank text has none.
 template <typename TakePiece>
 void forEachPiece(std::string_view p_text, char p_separator, TakePiece p_take)
@@ -101,6 +103,8 @@ std::vector<std::string> StringUtilities::splitValue(const std::string& p_text, 
 std::vector<std::string> StringUtilities::stringToVector(const std::string& p_text, char p_separator)
 {
     std::vector<std::string> pieces;
+    if (!p_text.empty())
+        pieces.reserve(k_mostOfShortList);
     forEachPiece(p_text, p_separator, [&](std::string_view p_piece) { pieces.emplace_back(p_piece); });
     return pieces;
 }

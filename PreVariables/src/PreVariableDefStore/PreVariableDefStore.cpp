@@ -67,7 +67,7 @@ PreVariableDefStore::ValueIndex PreVariableDefStore::addValue(const std::string&
     {
         if (m_values.size() >= k_mostValues)
             throw std::length_error("PreVariableDefStore: too many different texts");
-        m_values.push_back({p_text});
+        m_values.emplace_back(p_text);
         slot = {hashPart(hash), static_cast<std::uint32_t>(m_values.size())};
     }
     return slot.valuePlus1 - 1;

@@ -75,7 +75,7 @@ private:
     /// A view of a text that lasts as long as the document.
     std::string_view kept(const std::string& p_text)
     {
-        m_document.files.emplace_back(std::string(), p_text);
+        m_document.files.emplace_back(std::string(), FileBytes(p_text));
         return m_document.files.back().text();
     }
 
