@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace qen {
 namespace {
@@ -526,6 +527,115 @@ TEST_F(AVPrefixQuestions, AreAskedInTheDomainOfAnObjectDeepInIt)
                             "model.childNames(/FLOW:F/DOMAIN:Duct, SOLID DEFINITION)",
                             "model.objectExists(/FLOW:F/DOMAIN:Duct/FLUID MODELS/FLUID:Water/ADDITIONAL "
                             "VARIABLE:Smoke)"));
+}
+
+/// The questions behind those that each definition begins with.
+class AVPrefixLastQuestions : public AVPrefix {
+protected:
+    std::vector<std::string> asked() const
+    {
+        return m_duct.callsBehind("model.childNames(/FLOW:F/DOMAIN:Duct, SOLID DEFINITION)");
+    }
+};
+
+TEST_F(AVPrefixLastQuestions, WithoutAPrefixInAPorousDomainAreWhetherSolidsAndFluidsDefineIt)
+{
+    domainIs("Porous");
+    define(k_solids, k_shared);
+
+    EXPECT_FALSE(m_duct.checkCall({"average", "Inlet", "Smoke"}));
+
+    EXPECT_THAT(
+        asked(),
+        ElementsAre("model.objectExists(/FLOW:F/DOMAIN:Duct/SOLID MODELS/ADDITIONAL VARIABLE:Smoke)",
+                    "model.objectExists(/FLOW:F/DOMAIN:Duct/FLUID MODELS/ADDITIONAL VARIABLE:Smoke)"));
+}
+
+TEST_F(AVPrefixLastQuestions, WithAPrefixOnASharedVariableAreWhetherItNamesAFluidAndASolid)
+{
+    define(k_fluids, k_shared);
+    m_duct.host.object(inDuct("FLUID MODELS/FLUID:Water"));
+
+    EXPECT_FALSE(m_duct.checkCall({"average", "Inlet", "Water.Smoke"}));
+
+    EXPECT_THAT(asked(), ElementsAre("model.objectExists(/FLOW:F/DOMAIN:Duct/FLUID MODELS/FLUID:Water)",
+                                     "model.objectExists(/FLOW:F/DOMAIN:Duct/SOLID DEFINITION:Water)"));
+}
+
+TEST_F(AVPrefixLastQuestions, WithAPrefixThatNamesASolidOfAPorousDomainIsWhetherTheSolidsDefineIt)
+{
+    domainIs("Porous");
+    define(k_fluids, k_shared);
+    m_duct.host.object(inDuct("SOLID DEFINITION:Iron"));
+
+    EXPECT_FALSE(m_duct.checkCall({"average", "Inlet", "Iron.Smoke"}));
+
+    EXPECT_THAT(
+        asked(),
+        ElementsAre("model.objectExists(/FLOW:F/DOMAIN:Duct/SOLID MODELS/ADDITIONAL VARIABLE:Smoke)"));
+}
+
+TEST_F(AVPrefixLastQuestions, WithAPrefixThatNamesNoSolidOfAPorousDomainAreNone)
+{
+    domainIs("Porous");
+    define(k_fluids, k_shared);
+
+    EXPECT_TRUE(m_duct.checkCall({"average", "Inlet", "Iron.Smoke"}));
+
+    EXPECT_THAT(asked(), IsEmpty());
+}
+
+TEST_F(AVPrefixLastQuestions, WithAPrefixOnAFluidDependentVariableIsWhetherThatFluidDefinesIt)
+{
+    define(k_fluids, k_perFluid);
+
+    EXPECT_FALSE(m_duct.checkCall({"average", "Inlet", "Water.Smoke"}));
+
+    EXPECT_THAT(asked(),
+                ElementsAre("model.objectExists(/FLOW:F/DOMAIN:Duct/FLUID MODELS/FLUID:Water/ADDITIONAL "
+                            "VARIABLE:Smoke)"));
+}
+
+TEST_F(AVPrefixLastQuestions, WithoutAPrefixOnAFluidDependentVariableAreNoneOutsideAFluid)
+{
+    define(k_fluids, k_perFluid);
+
+    EXPECT_FALSE(m_duct.checkCall({"average", "Inlet", "Smoke"}));
+
+    EXPECT_THAT(asked(), IsEmpty());
+}
+
+TEST_F(AVPrefixQuestions, AtAMonitorPointAreAskedInTheDomainThatThePointNames)
+{
+    m_duct.set("/FLOW:F/DOMAIN:Pump/FLUID MODELS/ADDITIONAL VARIABLE:Smoke", "Option", k_shared);
+    m_duct.set(Duct::k_point, "Domain Name", "Pump");
+
+    EXPECT_TRUE(m_duct.checkCall({"probe", "P1", "Smoke"}));
+
+    EXPECT_THAT(m_duct.callsFrom("prefixes.classify"),
+                ElementsAre("prefixes.classify(/FLOW:F/DOMAIN:Pump, , )",
+                            "model.objectExists(/LIBRARY/ADDITIONAL VARIABLE:Smoke)",
+                            "model.paramValue(/FLOW:F/DOMAIN:Pump, Domain Type)",
+                            "model.objectExists(/FLOW:F/DOMAIN:Pump/FLUID MODELS/ADDITIONAL VARIABLE:Smoke)",
+                            "model.paramValue(/FLOW:F/DOMAIN:Pump/FLUID MODELS/ADDITIONAL VARIABLE:Smoke, "
+                            "Option)",
+                            "model.paramValue(/FLOW:F/DOMAIN:Pump, Domain Type)",
+                            "model.childNames(/FLOW:F/DOMAIN:Pump, FLUID DEFINITION)",
+                            "model.childNames(/FLOW:F/DOMAIN:Pump, SOLID DEFINITION)"));
+}
+
+TEST_F(AVPrefix, AtAMonitorPointIsJudgedInTheDomainThatThePointNames)
+{
+    define(k_fluids, k_shared);
+    m_duct.host.object("/FLOW:F/DOMAIN:Pump");
+    m_duct.set(Duct::k_point, "Domain Name", "Pump");
+
+    EXPECT_FALSE(m_duct.checkCall({"probe", "P1", "Smoke"}));
+
+    EXPECT_THAT(m_duct.found(),
+                ElementsAre(DuctError("The Additional Variable 'Smoke' referenced by parameter 'Speed' in "
+                                      "object '/FLOW:F/DOMAIN:Duct' does not "
+                                      "exist in Domain 'Pump'.")));
 }
 
 TEST_F(AVPrefixQuestions, EndWhereTheDomainDoesNotDefineTheVariable)

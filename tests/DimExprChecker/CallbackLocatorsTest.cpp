@@ -1,5 +1,7 @@
 #include "CallbackFixture.h"
 
+#include "support/HostTextScript.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,8 +13,11 @@ namespace {
 
 using support::Duct;
 using support::DuctError;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
 
 // Monitor points that are expressions.
 
@@ -243,6 +248,29 @@ TEST_F(MonitorPointDomain, IsNoneAmongSeveralWherePhysicsDiffers)
         m_duct.set("/PHYSICS OPTIONS CONTROL", "Constant Physics Control", value);
         EXPECT_THAT(places(), IsEmpty()) << value;
     }
+}
+
+TEST_F(MonitorPointDomain, IsNoneAmongSeveralWherePhysicsIsNotSaidHoweverTheHostReadsNothing)
+{
+    addDomain("Pump");
+    support::HostTextScript texts;
+    texts.readsSwitchesAs(true);
+
+    EXPECT_THAT(places(), IsEmpty());
+
+    EXPECT_THAT(texts.calls(), Not(Contains(StartsWith("stringToBool("))));
+}
+
+// A level of type "DOMAIN" that has no name says no domain, but it is one: the settings of the point are not read.
+TEST_F(MonitorPointDomain, IsNoneWhereTheLevelOfTheLocatorsPathHasNoName)
+{
+    m_duct.host.locator("F", "P1").isObject("/FLOW:F/DOMAIN/MONITOR POINT:P1");
+    m_duct.set("/FLOW:F/DOMAIN/MONITOR POINT:P1", "Domain Name", "Duct");
+
+    EXPECT_THAT(places(), IsEmpty());
+
+    EXPECT_THAT(m_duct.host.callsTo({"model.paramValue(/FLOW:F/DOMAIN/MONITOR POINT:P1, Domain Name)"}),
+                IsEmpty());
 }
 
 TEST_F(MonitorPointDomain, IsTheOnlyOneWhateverThePhysics)

@@ -7,6 +7,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace qen {
 namespace {
@@ -269,6 +270,18 @@ TEST_F(Callback, MeansThePhasesOfTheWholeDomainOfAMonitorPoint)
 
     EXPECT_THAT(m_duct.host.callsTo({"prefixes."}),
                 ElementsAre("prefixes.classify(/FLOW:F/DOMAIN:Duct, , )"));
+}
+
+TEST_F(Callback, IsAllowedWhereVariablesAreNot)
+{
+    for (const char* none : {"NONE", ""})
+    {
+        m_duct.host.parameter(Duct::k_path, Duct::k_param)
+            .dependsOn(*none ? std::vector<std::string> {none} : std::vector<std::string>());
+
+        EXPECT_TRUE(m_duct.checkCall({"average", "Inlet", "Temperature"}));
+    }
+    EXPECT_THAT(m_duct.host.callsTo({"rules.dependencies"}), IsEmpty());
 }
 
 TEST_F(Callback, InAnotherDomainThanItsLocatorMeansThePhasesOfTheLocatorsDomain)
