@@ -8,6 +8,7 @@
 #include "ModelQCL.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace qen::standalone {
 
@@ -15,10 +16,27 @@ struct RuleBook::Impl {
     RuleTree tree;
     std::size_t documents = 0;
 
+    // A check asks several times about one parameter.
+    struct Found {
+        std::string objectPath;
+        std::string paramName;
+        const DeclaredParameter* parameter = nullptr;
+    };
+    mutable std::optional<Found> latest;
+
     const DeclaredParameter* find(std::string_view p_objectPath, std::string_view p_paramName) const
     {
+        if (latest && latest->paramName == p_paramName && latest->objectPath == p_objectPath)
+            return latest->parameter;
+
         const RuleNode* node = tree.find(p_objectPath);
-        return node ? node->find(p_paramName) : nullptr;
+        const DeclaredParameter* parameter = node ? node->find(p_paramName) : nullptr;
+        if (!latest)
+            latest.emplace();
+        latest->objectPath = p_objectPath;
+        latest->paramName = p_paramName;
+        latest->parameter = parameter;
+        return parameter;
     }
 };
 
@@ -30,6 +48,7 @@ RuleBook& RuleBook::operator=(RuleBook&&) noexcept = default;
 
 void RuleBook::addDefinitions(const QclDocument& p_document, Diagnostics& p_problems)
 {
+    m_impl->latest.reset();
     const std::size_t number = ++m_impl->documents;
     Diagnostics problems;
     RuleReader(p_document, number, m_impl->tree, problems).read();

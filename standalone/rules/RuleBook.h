@@ -32,7 +32,7 @@ struct QEN_STANDALONE_API ParameterRule {
 };
 
 /// The rules of the definition files: which objects stand under which, and their parameters. The one source behind
-/// the three interfaces through which the library asks about parameters.
+/// the three interfaces through which the library asks about parameters. One thread at a time.
 class QEN_STANDALONE_API RuleBook final : public ModelRules, public ExprParamRules, public QuantityModifier {
 public:
     RuleBook();
@@ -50,7 +50,7 @@ public:
     /// The path's types count, its names do not. Where an object takes any parameter, the rule's name is empty. The
     /// rule lives until definitions are added.
     ///
-    /// Takes a look-up per level and one for the name, and allocates nothing.
+    /// Takes a look-up per level and one for the name; the latest answer is kept, and allocates nothing.
     const ParameterRule* find(std::string_view p_objectPath, std::string_view p_paramName) const;
 
     /// The names of the parameters that an object at that path may have; for suggestions.

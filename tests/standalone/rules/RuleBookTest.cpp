@@ -16,9 +16,11 @@ namespace qen::standalone::test {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::Field;
 using ::testing::IsEmpty;
 using ::testing::IsNull;
 using ::testing::NotNull;
+using ::testing::Pointee;
 
 constexpr const char* k_ductRules = R"(
 [/FLOW]
@@ -105,12 +107,30 @@ TEST(RuleBook, FindsAParameterWhateverTheSectionsOrder)
     EXPECT_THAT(rules.find("/FLOW/DOMAIN", "Depth"), NotNull());
 }
 
-TEST(RuleBook, FindsWithoutAllocating)
+TEST(RuleBook, FindsEachOfTwoParametersThatAreAskedInTurns)
+{
+    const RuleBook rules = rulesOf(k_ductRules);
+
+    for (int turn = 0; turn < 2; ++turn)
+    {
+        EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D/WALL", "Contact Angle"),
+                    Pointee(Field(&ParameterRule::name, "Contact Angle")));
+        EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D/WALL", "Domain Type"), IsNull());
+        EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D", "Domain Type"),
+                    Pointee(Field(&ParameterRule::name, "Domain Type")));
+        EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D", "Contact Angle"), IsNull());
+    }
+}
+
+TEST(RuleBook, FindsWithoutAllocatingBehindAPathThatIsAsLong)
 {
     const RuleBook rules = rulesOf(k_ductRules);
     const std::string path = "/FLOW:A flow with a long name/DOMAIN:A domain with an even longer name/WALL";
     const std::string name = "Contact Angle";
     const std::string lastType = "WALL";
+    EXPECT_THAT(rules.find("/FLOW:A flow with a long name/DOMAIN:A domain with an even longer name/WALLS",
+                           "Width of It"),
+                IsNull());
 
     const std::size_t before = support::allocationCount();
     const ParameterRule* rule = rules.find(path, name);
@@ -423,6 +443,7 @@ TEST(RuleBook, DoesNotCountTheNamesThatUsersInventAmongItsOwn)
 TEST(RuleBook, LetsALaterDocumentAddParametersAndOverrideKeys)
 {
     RuleBook rules = rulesOf(k_ductRules);
+    EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D/WALL", "Slip"), IsNull());
 
     const Diagnostics problems = addRules(rules, R"(
 [/FLOW/DOMAIN/WALL/PARAMETER:Contact Angle]
@@ -434,11 +455,11 @@ Type = Real
 )");
 
     EXPECT_THAT(problems, IsEmpty());
+    EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D/WALL", "Slip"), NotNull());
     const ParameterRule* angle = rules.find("/FLOW:F/DOMAIN:D/WALL", "Contact Angle");
     EXPECT_EQ(angle->upperBound, "170 [deg]");
     EXPECT_EQ(angle->lowerBound, "");
     EXPECT_EQ(angle->quantity, "Angle");
-    EXPECT_THAT(rules.find("/FLOW:F/DOMAIN:D/WALL", "Slip"), NotNull());
     EXPECT_TRUE(rules.isValidPath("/FLOW:F/DOMAIN:D/FAN"));
 }
 
