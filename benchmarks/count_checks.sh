@@ -24,7 +24,7 @@ done
 against_muparser=0.25      # mean of the ratios of the formulas
 against_host=1.5           # likewise: to the calls that the check makes of its host, by themselves
 against_fparser=5          # likewise: to fparser's parse
-against_libsbml=0.055      # likewise: to libSBML's derivation of the units; the aim of 0.05 is for times
+against_libsbml=0.05       # likewise: to libSBML's derivation of the units
 larger_catalogue=1.15      # ratio of the sums: 100,000 variables to 100
 larger_model=1.5           # likewise: 100,000 objects to 10
 larger_look_up=1.15        # of finding variables by name: 100,000 variables to 100
