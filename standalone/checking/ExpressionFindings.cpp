@@ -81,7 +81,9 @@ private:
             return;
         add({0, p_expression.size()}, "value-not-finite",
             "The value of " + p_of +
-                " is not a finite number. Expected one of at most 3.4e38 in base units.");
+                (std::isnan(p_result.constantValue.value_or(0))
+                     ? " is undefined, as the root of a negative number is. Expected a finite number."
+                     : " is not a finite number. Expected one of at most 3.4e38 in base units."));
     }
 
     /// Whether the value, where it is known, is a number in single precision.

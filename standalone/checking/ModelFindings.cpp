@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,6 +22,8 @@ namespace {
 constexpr std::string_view k_logical = "Logical";
 constexpr std::string_view k_integer = "Integer";
 constexpr std::string_view k_listEnding = " List";
+constexpr std::string_view k_parameterLevel = "/PARAMETER:";
+constexpr std::string_view k_additionalVariable = "/LIBRARY/ADDITIONAL VARIABLE:";
 
 constexpr std::array<std::string_view, 22> k_logicalTexts {
     "T", "True",  "TRUE",  "true",  "Yes", "YES", "yes", "On",  "ON",  "on",  "1",
@@ -134,20 +138,43 @@ private:
             return;
         std::string units;
         m_rules.quantityMode(&m_model, m_parameter.objectPath, m_parameter.name, units);
-        if (units.empty())
-            addAtName("units-not-found",
-                      "The units " + m_of +
-                          " are not known, so that its value cannot be checked. Expected units that "
-                          "are understood at '" +
-                          p_rule.unitsFrom + "'.");
+        if (!units.empty())
+            return;
+        const std::size_t levels = p_rule.unitsFrom.rfind(k_parameterLevel);
+        const std::string object = withNamesOf(p_rule.unitsFrom.substr(0, levels));
+        const std::string name = p_rule.unitsFrom.substr(levels + k_parameterLevel.size());
+        if (object.starts_with(k_additionalVariable) && !m_model.paramValue(object, name).empty())
+            return;    // told where they stand, see below
+        addAtName("units-not-found", "The units " + m_of +
+                                         " are not known, so that its value cannot be checked. Expected "
+                                         "units that are understood in parameter '" +
+                                         name + "' in object '" + object + "'.");
+    }
+
+    /// A path of the rules with this object's names in place of the types in braces.
+    std::string withNamesOf(std::string p_path) const
+    {
+        const QCLPath object(m_parameter.objectPath);
+        for (std::size_t begin = p_path.find('{'); begin != std::string::npos;
+             begin = p_path.find('{', begin))
+        {
+            const std::size_t end = p_path.find('}', begin);
+            const std::string type = p_path.substr(begin + 1, end - begin - 1);
+            std::string name;
+            for (std::size_t level = 0; level < object.size(); ++level)
+                if (object.getType(level) == type)
+                    name = object.getName(level);
+            p_path.replace(begin, end - begin + 1, name);
+            begin += name.size();
+        }
+        return p_path;
     }
 
     /// Where expressions use the variable, they are told of its units too; nothing else looks at them.
     void checkUnitsOfAdditionalVariable()
     {
         std::string reason;
-        if (m_parameter.name != "Units" ||
-            !m_parameter.objectPath.starts_with("/LIBRARY/ADDITIONAL VARIABLE:") ||
+        if (m_parameter.name != "Units" || !m_parameter.objectPath.starts_with(k_additionalVariable) ||
             m_units.parse(m_parameter.value, &reason))
             return;
         addAtValue({0, m_parameter.value.size()}, "units-not-understood",
@@ -175,11 +202,11 @@ private:
         bool isNumber = false;
         std::string number;
         std::string units;
-        StringUtilities::valueAsFloat(p_item.text, isNumber, number, units);
+        const float value = StringUtilities::valueAsFloat(p_item.text, isNumber, number, units);
         if (!isNumber)
             return;
         const bool integer = p_rule.type.compare(0, k_integer.size(), k_integer) == 0;
-        if (integer && number.find_first_not_of("+-0123456789") != std::string::npos)
+        if (integer && !(std::isfinite(value) && std::trunc(value) == value))
             addAtValue(p_item.range, "not-an-integer",
                        "The number '" + shortened(number) + "' " + m_of + " is not an integer.");
     }

@@ -131,7 +131,8 @@ TEST(ModelFindings, RefuseALogicalValueThatIsNone)
 
 TEST(ModelFindings, RefuseANumberThatIsNoInteger)
 {
-    EXPECT_THAT(check("[/TEST]\nCount = -3\n").findings, IsEmpty());
+    for (const char* whole : {"-3", "+3", "1e4", "1000.0", "20e-1"})
+        EXPECT_THAT(check(std::string("[/TEST]\nCount = ") + whole + "\n").findings, IsEmpty()) << whole;
     EXPECT_THAT(
         check("[/TEST]\nCount = 2.5\n").findings,
         ElementsAre(FoundAt(2, 9, "not-an-integer",
@@ -178,8 +179,17 @@ TEST(ModelFindings, TellOfUnitsThatAreNotWhereTheRulesLookForThem)
                 ElementsAre(FoundAt(
                     2, 1, "units-not-found",
                     "The units of parameter 'Tracer' in object '/TEST' are not known, so that its value "
-                    "cannot be checked. Expected units that are understood at '/LIBRARY/ADDITIONAL "
-                    "VARIABLE:Dye/PARAMETER:Units'.")));
+                    "cannot be checked. Expected units that are understood in parameter 'Units' in object "
+                    "'/LIBRARY/ADDITIONAL VARIABLE:Dye'.")));
+}
+
+TEST(ModelFindings, TellOfUnitsThatAreNotUnderstoodWhereTheyStandAndNotWhereTheyAreUsed)
+{
+    const CaseReport report =
+        check("[/LIBRARY/ADDITIONAL VARIABLE:Dye]\nUnits = kg/m^3\n[/TEST]\nTracer = 1 [kg]\n");
+
+    ASSERT_EQ(report.findings.size(), 1U);
+    EXPECT_EQ(report.findings[0].identifier, "units-not-understood");
 }
 
 TEST(ModelFindings, TellOfUnitsOfAnAdditionalVariableThatAreNotUnderstood)
