@@ -27,8 +27,9 @@ public:
     static const CheckMessage* find(const std::string& p_identifier);
 };
 
-/// Is told of each message when it is raised, on the raising thread and before any record is made. Quiet checks raise
-/// as well: what a listener was told belongs to a record when the record's text equals it.
+/// Is told of each message when it is raised, on the raising thread and before any record is made, in the middle of a
+/// check: it does not use the checker. Quiet checks raise as well: what a listener was told belongs to a record when the
+/// record's text equals it.
 class QEN_PREVARIABLES_API CheckMessageListener {
 public:
     /// @param p_arguments  What the placeholders were filled with, as the user sees it.

@@ -4,9 +4,8 @@
 #include "PreVariablesApi.h"
 #include "VariablePrefixInfo.h"
 
-#include "QCLPath.h"
-
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <utility>
@@ -19,6 +18,7 @@ class ExprParamRules;
 class LocatorInfo;
 class ModelQCL;
 class PreVariableDefStore;
+class QCLPath;
 class QuantityModifier;
 class SplitVariableName;
 class UnitDimensions;
@@ -30,7 +30,8 @@ struct CallbackInfo;
 /// one record; a parameter's first problem ends its check.
 ///
 /// The objects given at construction are neither owned nor copied and must outlive the checker. A copy carries the
-/// records and caches of its original. One thread at a time, and not from within a call that a check makes of the host.
+/// records and caches of its original. One thread at a time, and not from within a call that a check makes of the host or
+/// of a listener.
 class QEN_PREVARIABLES_API DimExprChecker : public ExpressionErrors {
 public:
     DimExprChecker(const ModelQCL* p_model, const ExprParamRules* p_rules,
@@ -146,21 +147,19 @@ private:
 
     friend struct DimExprCheckerPeer;    // tests look at single steps and at the caches
 
-    // What the check of one parameter gathers. It stands here for its memory, and so that the frames which an exception
-    // passes have nothing to destroy: each that has costs as much as a throw.
-    struct Gathered {
-        std::vector<std::string> variables;
-        std::vector<CallbackInfo> callbacks;
-        std::string evaluatorError;
-        std::string units;
-        std::string quantity;
-        std::string expectedUnits;
-        QCLPath prefixContext;    // of every name
-        std::vector<SplitVariableName> splitNames;
-        std::vector<std::string> fieldValuedNames;
-        std::vector<std::string> dependencies;
-        std::vector<std::string> rootNames;
-        std::vector<std::string> refusedNames;    // for the message
+    // What one check gathers, in memory that is kept for the next. A copy of the checker gathers for itself.
+    struct Gathered;
+    class GatheredMemory {
+    public:
+        GatheredMemory();
+        GatheredMemory(const GatheredMemory&);
+        GatheredMemory& operator=(const GatheredMemory&);
+        ~GatheredMemory();
+
+        Gathered* operator->() const { return m_own.get(); }
+
+    private:
+        std::unique_ptr<Gathered> m_own;    // never null
     };
 
     const ModelQCL* m_model;
@@ -175,8 +174,7 @@ private:
     std::map<std::string, std::pair<float, std::string>> m_boundCache;    // bound text to value and units
     mutable std::set<std::string> m_ruleParamNames;                       // filled on first use
     mutable bool m_ruleNamesCached = false;
-    std::string m_pathText;    // where paths are built; kept for its memory
-    Gathered m_gathered;
+    GatheredMemory m_gathered;
 };
 
 }    // namespace qen

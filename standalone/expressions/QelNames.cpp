@@ -196,10 +196,10 @@ std::string Names::nearestValue(std::string_view p_name) const
     std::ranges::sort(known);
 
     std::vector<std::string> nearest;
-    for (const std::string& one : {nearestVariable(p_name), nearestName(p_name, known)})
+    for (const std::string& one : {nearestVariable(p_name), nearestName(p_name, std::move(known))})
         if (!one.empty())
             nearest.push_back(one);
-    return nearestName(p_name, nearest);
+    return nearestName(p_name, std::move(nearest));
 }
 
 std::string Names::nearestVariable(std::string_view p_name) const
@@ -221,7 +221,7 @@ std::string Names::nearestFunction(std::string_view p_name) const
         const std::vector<std::string>& callbacks = m_world.callbacks->getCBNames();
         known.insert(known.end(), callbacks.begin(), callbacks.end());
     }
-    return nearestName(p_name, known);
+    return nearestName(p_name, std::move(known));
 }
 
 const ModelTree::Parameter* Names::namedExpression(std::string_view p_name) const

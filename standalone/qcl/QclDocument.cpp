@@ -1,5 +1,7 @@
 #include "qcl/QclDocument.h"
 
+#include "qcl/SourceText.h"
+
 #include <algorithm>
 #include <iterator>
 #include <mutex>
@@ -31,6 +33,8 @@ private:
     mutable std::once_flag m_found;
     mutable std::vector<std::size_t> m_lineStarts;
 };
+
+SourceFile::SourceFile(std::string p_path) : SourceFile(std::move(p_path), FileBytes()) {}
 
 SourceFile::SourceFile(std::string p_path, FileBytes p_text)
     : path(std::move(p_path)), m_text(std::make_shared<const Text>(std::move(p_text)))

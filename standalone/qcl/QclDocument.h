@@ -1,7 +1,6 @@
 #pragma once
 
 #include "qcl/Diagnostics.h"
-#include "qcl/SourceText.h"
 #include "StandaloneApi.h"
 
 #include <cstddef>
@@ -13,11 +12,14 @@
 
 namespace qen::standalone {
 
+class FileBytes;
+
 /// One file that was read, kept whole so that reports can show its lines. Copies share the text, which stays where it
 /// is: views into it hold for as long as one of the copies lives.
 class QEN_STANDALONE_API SourceFile {
 public:
-    explicit SourceFile(std::string p_path = {}, FileBytes p_text = {});
+    explicit SourceFile(std::string p_path = {});    ///< an empty one
+    SourceFile(std::string p_path, FileBytes p_text);
 
     std::string path;    ///< as the user named it, or as it was found from there
 

@@ -31,11 +31,12 @@ char* FileBytes::room(std::size_t p_count)
 {
     if (m_capacity - m_size < p_count)
     {
-        m_capacity = std::max(m_size + p_count, 2 * m_capacity);
-        std::unique_ptr<char[]> memory = std::make_unique_for_overwrite<char[]>(m_capacity);
+        const std::size_t capacity = std::max(m_size + p_count, 2 * m_capacity);
+        std::unique_ptr<char[]> memory = std::make_unique_for_overwrite<char[]>(capacity);
         if (m_size != 0)
             std::memcpy(memory.get(), m_memory.get(), m_size);
         m_memory = std::move(memory);
+        m_capacity = capacity;
     }
     return m_memory.get() + m_size;
 }

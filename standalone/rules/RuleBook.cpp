@@ -8,7 +8,6 @@
 #include "ModelQCL.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace qen::standalone {
 
@@ -17,26 +16,26 @@ struct RuleBook::Impl {
     std::size_t documents = 0;
 
     // A check asks several times about one parameter.
-    struct Found {
+    struct Latest {
+        bool isKnown = false;
         std::string objectPath;
         std::string paramName;
         const DeclaredParameter* parameter = nullptr;
     };
-    mutable std::optional<Found> latest;
+    mutable Latest latest;
 
     const DeclaredParameter* find(std::string_view p_objectPath, std::string_view p_paramName) const
     {
-        if (latest && latest->paramName == p_paramName && latest->objectPath == p_objectPath)
-            return latest->parameter;
+        if (latest.isKnown && latest.paramName == p_paramName && latest.objectPath == p_objectPath)
+            return latest.parameter;
 
         const RuleNode* node = tree.find(p_objectPath);
-        const DeclaredParameter* parameter = node ? node->find(p_paramName) : nullptr;
-        if (!latest)
-            latest.emplace();
-        latest->objectPath = p_objectPath;
-        latest->paramName = p_paramName;
-        latest->parameter = parameter;
-        return parameter;
+        latest.isKnown = false;
+        latest.objectPath = p_objectPath;
+        latest.paramName = p_paramName;
+        latest.parameter = node ? node->find(p_paramName) : nullptr;
+        latest.isKnown = true;
+        return latest.parameter;
     }
 };
 
@@ -48,7 +47,7 @@ RuleBook& RuleBook::operator=(RuleBook&&) noexcept = default;
 
 void RuleBook::addDefinitions(const QclDocument& p_document, Diagnostics& p_problems)
 {
-    m_impl->latest.reset();
+    m_impl->latest.isKnown = false;
     const std::size_t number = ++m_impl->documents;
     Diagnostics problems;
     RuleReader(p_document, number, m_impl->tree, problems).read();

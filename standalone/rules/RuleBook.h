@@ -50,7 +50,7 @@ public:
     /// The path's types count, its names do not. Where an object takes any parameter, the rule's name is empty. The
     /// rule lives until definitions are added.
     ///
-    /// Takes a look-up per level and one for the name; the latest answer is kept, and allocates nothing.
+    /// Takes a look-up per level and one for the name; none where it is the latest question again, which is kept.
     const ParameterRule* find(std::string_view p_objectPath, std::string_view p_paramName) const;
 
     /// The names of the parameters that an object at that path may have; for suggestions.

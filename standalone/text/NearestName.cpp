@@ -115,9 +115,9 @@ std::string KnownNames::nearest(std::string_view p_name) const
     return nearest ? m_names[nearest->place] : std::string();
 }
 
-std::string nearestName(std::string_view p_name, const std::vector<std::string>& p_known)
+std::string nearestName(std::string_view p_name, std::vector<std::string> p_known)
 {
-    return KnownNames(p_known).nearest(p_name);
+    return KnownNames(std::move(p_known)).nearest(p_name);
 }
 
 }    // namespace qen::standalone

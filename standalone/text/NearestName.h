@@ -10,7 +10,8 @@
 
 namespace qen::standalone {
 
-/// Names that a misspelt one is compared with. Made once where the same names are asked often.
+/// Names that a misspelt one is compared with. Made once where the same names are asked often. Names of more than 64 bytes
+/// are not compared: they are neither found nor looked for.
 class QEN_STANDALONE_API KnownNames {
 public:
     KnownNames() = default;
@@ -44,6 +45,6 @@ private:
 };
 
 /// The nearest of names that are asked once.
-QEN_STANDALONE_API std::string nearestName(std::string_view p_name, const std::vector<std::string>& p_known);
+QEN_STANDALONE_API std::string nearestName(std::string_view p_name, std::vector<std::string> p_known);
 
 }    // namespace qen::standalone

@@ -17,7 +17,7 @@ namespace {
 
 using standalone::trimmed;
 
-constexpr std::size_t k_mostOfShortList = 4;    // pieces
+constexpr std::size_t k_usualPieces = 4;    // at most, so that a list takes memory once
 
 /// Hands over each piece between separators, trimmed. A blank text has none.
 template <typename TakePiece>
@@ -104,7 +104,7 @@ std::vector<std::string> StringUtilities::stringToVector(const std::string& p_te
 {
     std::vector<std::string> pieces;
     if (!p_text.empty())
-        pieces.reserve(k_mostOfShortList);
+        pieces.reserve(k_usualPieces);
     forEachPiece(p_text, p_separator, [&](std::string_view p_piece) { pieces.emplace_back(p_piece); });
     return pieces;
 }

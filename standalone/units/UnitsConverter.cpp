@@ -27,7 +27,9 @@ const standalone::UnitSystem& installedUnits(const char* p_operation)
     return *system;
 }
 
-units::error notUnderstood(const standalone::UnitSystem& p_system, const std::string& p_units)
+// Apart from the operation that throws, whose frame is then small for the exception.
+[[gnu::noinline]] units::error notUnderstood(const standalone::UnitSystem& p_system,
+                                             const std::string& p_units)
 {
     std::string reason;
     p_system.parse(p_units, &reason);

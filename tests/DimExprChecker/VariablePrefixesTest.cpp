@@ -158,6 +158,19 @@ TEST_F(Prefixes, OfAnObjectInAnotherDomainAreClassifiedInTheDomainThatIsAskedFor
     EXPECT_THAT(HostReports::failedAssertions(), IsEmpty());
 }
 
+TEST_F(Prefixes, AreCheckedWhereTheObjectIs)
+{
+    const SplitVariableName name("Water.Temperature", m_duct.host.rootNameFinder());
+    m_duct.host.forgetCalls();
+
+    for (const char* path : {"/FLOW:F/DOMAIN:Duct/BOUNDARY:Inlet", "/FLOW:F", "/FLOW:F/DOMAIN"})
+        DimExprCheckerPeer::checkVariablePrefixes(m_duct.checker, path, Duct::k_param, name);
+
+    EXPECT_THAT(m_duct.host.calls(),
+                ElementsAre("prefixes.classify(/FLOW:F/DOMAIN:Duct/BOUNDARY:Inlet, Water, )"));
+    EXPECT_THAT(HostReports::failedAssertions(), IsEmpty());
+}
+
 TEST_F(Prefixes, ThatCannotBeClassifiedAreToldInTheWordsOfTheHost)
 {
     m_duct.host.prefixes("Oil", "CO2").failWith("'Oil' is no fluid of 'Duct'.");

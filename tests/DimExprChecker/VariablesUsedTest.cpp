@@ -2,6 +2,7 @@
 
 #include "DataError.h"
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -353,6 +354,43 @@ TEST_F(VariablesUsed, RecordsANameWhoseRootIsInNoPlaceForOne)
                 onlyError("The 'root' name 'T' does not appear in a valid position in variable name "
                           "'T.ave.ave'.\nIt must be either the penultimate or the last '.'-separated "
                           "component of the full name."));
+}
+
+// What a check gathered is nothing to the next one, however the check ended.
+
+TEST_F(VariablesUsed, AreForgottenWhenTheHostBreaksTheCheck)
+{
+    // Given a check that breaks when it has gathered fields that a single-valued parameter may not have
+    width().isSingleValued();
+    int asked = 0;
+    m_host.onCall("prefixes.classify", [&] {
+        if (++asked == 2)
+            throw std::runtime_error("broken");
+    });
+    EXPECT_THROW(check({"T", "p"}), std::runtime_error);
+    ASSERT_EQ(asked, 2);
+
+    // When the next one, and one of a copy, reference none
+    DimExprChecker copy = m_checker;
+    EXPECT_TRUE(check({"tstep"}));
+    m_checker = copy;
+    EXPECT_TRUE(check({"tstep"}));
+
+    // Then there is nothing to tell
+    EXPECT_THAT(records(m_checker), IsEmpty());
+}
+
+TEST_F(VariablesUsed, AreForgottenWhenTheyWereRefused)
+{
+    width().isSingleValued();
+    EXPECT_FALSE(check({"T", "p"}));
+    EXPECT_FALSE(check({"vel"}));
+    m_checker.clearErrors();
+
+    EXPECT_TRUE(check({"tstep"}));
+    EXPECT_TRUE(check({}));
+
+    EXPECT_THAT(records(m_checker), IsEmpty());
 }
 
 }    // namespace

@@ -53,6 +53,12 @@ struct DimExprCheckerPeer {
     }
 
     static void checkVariablePrefixes(DimExprChecker& p_checker, const std::string& p_objectPath,
+                                      const std::string& p_paramName, const SplitVariableName& p_name)
+    {
+        p_checker.checkVariablePrefixes(p_objectPath, p_paramName, p_name);
+    }
+
+    static void checkVariablePrefixes(DimExprChecker& p_checker, const std::string& p_objectPath,
                                       const std::string& p_paramName, const std::string& p_domainName,
                                       const SplitVariableName& p_name, bool p_useObjectContext)
     {

@@ -1,5 +1,6 @@
 #include "DimExprChecker.h"
 
+#include "Gathered.h"
 #include "MessageCatalogue.h"
 #include "ModelPaths.h"
 #include "SplitVariableName.h"
@@ -27,7 +28,7 @@ constexpr const char* k_porous = "Porous";
 std::vector<std::string> DimExprChecker::findDomainAVPath(const std::string& p_domainPath,
                                                           const std::string& p_avName)
 {
-    const ModelPaths paths(m_pathText);
+    const ModelPaths paths(m_gathered->pathText);
     const std::string domainType = m_model->paramValue(p_domainPath, modelpaths::k_domainType);
     const bool isPorous = domainType == k_porous;
     const std::string& models =
@@ -57,7 +58,7 @@ void DimExprChecker::checkAVPrefix(const std::string& p_objectPath, const std::s
     const QCLPath domain = p_contextPath.getSubPathByType(modelpaths::k_domain);
     const std::string domainName = domain.getLastName();
     const std::string& domainPath = domain.getFullPath();
-    const ModelPaths paths(m_pathText);
+    const ModelPaths paths(m_gathered->pathText);
     const std::string avName(additionalVariableName(*m_model, p_name.root().name(), paths));
     const std::vector<std::string> definitions = findDomainAVPath(domainPath, avName);
     if (definitions.empty())

@@ -2,6 +2,7 @@
 
 #include "CallbackLocators.h"
 #include "ExprCBFuncStore.h"
+#include "Gathered.h"
 #include "LocatorInfo.h"
 #include "MessageCatalogue.h"
 #include "ModelPaths.h"
@@ -175,7 +176,7 @@ private:
 
     /// Most texts begin with the function, the parameter and the object.
     template <Msg Id, class... Values>
-    [[noreturn]] void refuse(const Values&... p_values) const
+    [[noreturn, gnu::always_inline]] void refuse(const Values&... p_values) const
     {
         raise<Id>(m_call.callbackName, m_context.paramName, m_context.objectPath, p_values...);
     }
@@ -199,7 +200,7 @@ void DimExprChecker::checkCallbacksUsed(const std::string& p_objectPath, const s
     if (p_callbacks.empty())
         return;
 
-    const ModelPaths paths(m_pathText);
+    const ModelPaths paths(m_gathered->pathText);
     const CallbackLocators locators(*m_model, flowName, paths);
     const CallContext context {*m_varDefStore, *m_callbackStore, *m_locatorInfo, locators,
                                flowName,       p_objectPath,     p_paramName,    p_fieldValuedAllowed};

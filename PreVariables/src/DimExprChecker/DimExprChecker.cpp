@@ -2,10 +2,9 @@
 
 #include "DimExprErrors.h"
 #include "ExprParamRules.h"
+#include "Gathered.h"
 #include "MessageCatalogue.h"
-#include "SplitVariableName.h"
 
-#include "CallbackInfo.h"
 #include "ExpressionEvaluator.h"
 #include "ExpressionsError.h"
 #include "Quantity.h"
@@ -36,6 +35,16 @@ DimExprChecker::DimExprChecker(const ModelQCL* p_model, const ExprParamRules* p_
       m_varDefStore(p_varDefStore), m_prefixInfo(p_prefixInfo), m_availabilityChecker(p_availabilityChecker),
       m_locatorInfo(p_locatorInfo), m_callbackStore(p_callbackStore)
 {}
+
+DimExprChecker::GatheredMemory::GatheredMemory() : m_own(std::make_unique<Gathered>()) {}
+DimExprChecker::GatheredMemory::GatheredMemory(const GatheredMemory&) : GatheredMemory() {}
+DimExprChecker::GatheredMemory::~GatheredMemory() = default;
+
+// What the other one gathered is nobody's.
+DimExprChecker::GatheredMemory& DimExprChecker::GatheredMemory::operator=(const GatheredMemory&)
+{
+    return *this;
+}
 
 DimExprChecker::DimExprChecker(const DimExprChecker&) = default;
 DimExprChecker& DimExprChecker::operator=(const DimExprChecker&) = default;
@@ -112,20 +121,22 @@ bool DimExprChecker::passes(const std::string& p_objectPath, const std::string& 
 /// What the expression refers to, and the dimensions of its result.
 ///
 /// @return Whether the evaluator understands it; otherwise why not is gathered.
-bool DimExprChecker::readExpression(const std::string& p_paramName, const std::string& p_expression,
-                                    UnitDimensions& p_dims)
+//
+// Apart from the step that raises, whose frame is then small for exceptions.
+[[gnu::noinline]] bool DimExprChecker::readExpression(const std::string& p_paramName,
+                                                      const std::string& p_expression, UnitDimensions& p_dims)
 {
-    m_gathered.variables.clear();
-    m_gathered.callbacks.clear();
+    m_gathered->variables.clear();
+    m_gathered->callbacks.clear();
     try
     {
-        ExpressionEvaluator::getVariablesAndCallbacks(p_expression, m_gathered.variables,
-                                                      m_gathered.callbacks, p_dims, p_paramName);
+        ExpressionEvaluator::getVariablesAndCallbacks(p_expression, m_gathered->variables,
+                                                      m_gathered->callbacks, p_dims, p_paramName);
         return true;
     }
     catch (const expressions::error& error)
     {
-        m_gathered.evaluatorError = error.getMessage();
+        m_gathered->evaluatorError = error.getMessage();
     }
     return false;
 }
@@ -135,21 +146,21 @@ void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const s
 {
     UnitDimensions dims;
     if (!readExpression(p_paramName, p_expression, dims))
-        raise<Msg::BadExpression>(p_expression, p_paramName, p_objectPath, m_gathered.evaluatorError);
+        raise<Msg::BadExpression>(p_expression, p_paramName, p_objectPath, m_gathered->evaluatorError);
 
     const bool expressionKind = m_rules->paramKind(p_objectPath, p_paramName, m_model) == k_expressionKind;
     if (!expressionKind)
     {
-        m_gathered.units = UnitsConverter::instance().getBaseUnitName(dims);
-        checkParamUnits(p_objectPath, p_paramName, m_gathered.units, true);
+        m_gathered->units = UnitsConverter::instance().getBaseUnitName(dims);
+        checkParamUnits(p_objectPath, p_paramName, m_gathered->units, true);
     }
 
     const bool singleValued = m_rules->isSingleValued(p_objectPath, p_paramName, m_model);
-    checkCallbacksUsed(p_objectPath, p_paramName, !singleValued, m_gathered.callbacks);
+    checkCallbacksUsed(p_objectPath, p_paramName, !singleValued, m_gathered->callbacks);
     checkVariablesUsed(p_objectPath, p_paramName, p_expression, singleValued, expressionKind,
-                       m_gathered.variables);
+                       m_gathered->variables);
 
-    if (!m_gathered.variables.empty() || !m_gathered.callbacks.empty())
+    if (!m_gathered->variables.empty() || !m_gathered->callbacks.empty())
         return;
 
     float value = 0.0F;
@@ -157,13 +168,13 @@ void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const s
     {
         const Quantity quantity = ExpressionEvaluator::evalSingleValue(p_expression, p_paramName);
         value = quantity.getValue();
-        m_gathered.units = quantity.getUnits();
+        m_gathered->units = quantity.getUnits();
     }
     catch (const expressions::error&)
     {
         return;    // a constant that has no single value has no bounds to keep
     }
-    checkParamBounds(p_objectPath, p_paramName, value, m_gathered.units);
+    checkParamBounds(p_objectPath, p_paramName, value, m_gathered->units);
 }
 
 }    // namespace qen

@@ -7,7 +7,7 @@
 #include <utility>
 
 /// What the checks raise. The classes add nothing to the host's exception but their own type, by which the entry
-/// points and a host tell problems apart; their type information is visible so that a host's `catch` sees them.
+/// points tell problems apart; their type information is visible, so that it is one for the library and its host.
 //
 // Deliberate: class and method are "DimExprChecker" and "checkParam" whatever check raises. Held by
 // DimExprErrors.NameTheEntryPointWhateverCheckRaises.

@@ -491,7 +491,9 @@ private:
 
 /// The exception class of what raises.
 template <Raises>
-struct ProblemOf {
+struct ProblemOf;
+template <>
+struct ProblemOf<Raises::Error> {
     using Type = DimExprErrors::dxerror;
 };
 template <>

@@ -1,6 +1,7 @@
 #include "DimExprChecker.h"
 
 #include "ExprParamRules.h"
+#include "Gathered.h"
 #include "MessageCatalogue.h"
 #include "UnitsTolerance.h"
 
@@ -25,6 +26,7 @@ namespace {
 constexpr int k_dynamicMode = 1;
 constexpr float k_slack = 1e-7F;    // of the bound's magnitude; of a bound of zero, absolute
 
+// Apart from the step that raises, whose frame is then small for exceptions.
 [[gnu::noinline]] bool understands(const UnitsConverter& p_converter, const std::string& p_units)
 {
     try
@@ -58,6 +60,8 @@ bool satisfiesUpperBound(float p_value, float p_upper)
 
 }    // namespace
 
+// Deliberate: one of the checker's fixed operations, though no check calls it: `checkParamNumeric` takes the same two
+// steps, and records. Held by Units.AndBoundsAreCheckedTogetherWithoutCatching.
 void DimExprChecker::checkParamNumericImpl(const std::string& p_objectPath, const std::string& p_paramName,
                                            float p_value, const std::string& p_units)
 {
@@ -65,6 +69,8 @@ void DimExprChecker::checkParamNumericImpl(const std::string& p_objectPath, cons
     checkParamBounds(p_objectPath, p_paramName, p_value, p_units);
 }
 
+// Deliberate: one of the checker's fixed operations, though no check calls it: that of expressions keeps the text.
+// Held by Units.OfDimensionsAreTheirBaseUnits.
 void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
                                      const UnitDimensions& p_dims, bool p_fromExpression)
 {
@@ -75,14 +81,14 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
 void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
                                      const std::string& p_units, bool p_fromExpression)
 {
-    std::string& quantity = m_gathered.quantity;
+    std::string& quantity = m_gathered->quantity;
     quantity.clear();
     const int mode = m_quantityModifier->quantityMode(m_model, p_objectPath, p_paramName, quantity);
     if (quantity.empty())
         return;
 
     const bool dynamic = mode == k_dynamicMode;
-    std::string& expected = m_gathered.expectedUnits;
+    std::string& expected = m_gathered->expectedUnits;
     expected.clear();
     if (dynamic)
         expected = m_quantityModifier->dynamicUnits(quantity);

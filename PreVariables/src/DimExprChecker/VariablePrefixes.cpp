@@ -179,6 +179,8 @@ QCLPath DimExprChecker::prefixContextOf(const std::string& p_objectPath)
     return domainName.empty() ? QCLPath() : contextOf(std::move(object), domainName, true);
 }
 
+// Deliberate: one of the checker's fixed operations, though no check calls it: that of an expression finds the place
+// once for all of its variables. Held by Prefixes.AreCheckedWhereTheObjectIs.
 void DimExprChecker::checkVariablePrefixes(const std::string& p_objectPath, const std::string& p_paramName,
                                            const SplitVariableName& p_name)
 {

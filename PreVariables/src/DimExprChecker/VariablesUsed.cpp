@@ -1,6 +1,7 @@
 #include "DimExprChecker.h"
 
 #include "ExprParamRules.h"
+#include "Gathered.h"
 #include "InternalErrors.h"
 #include "MessageCatalogue.h"
 #include "ModelPaths.h"
@@ -122,31 +123,31 @@ void DimExprChecker::checkVariablesUsed(const std::string& p_objectPath, const s
     if (p_variableNames.empty())
         return;
 
-    m_gathered.dependencies = m_rules->dependencies(p_objectPath, p_paramName, m_model);
-    if (!p_expressionKind && forbidsVariables(m_gathered.dependencies))
+    m_gathered->dependencies = m_rules->dependencies(p_objectPath, p_paramName, m_model);
+    if (!p_expressionKind && forbidsVariables(m_gathered->dependencies))
         raise<Msg::VariablesNotAllowed>(p_paramName, p_objectPath);
 
-    m_gathered.prefixContext = p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);
-    m_gathered.splitNames.clear();
-    m_gathered.splitNames.reserve(p_variableNames.size());
-    m_gathered.fieldValuedNames.clear();
+    m_gathered->prefixContext = p_expressionKind ? QCLPath() : prefixContextOf(p_objectPath);
+    m_gathered->splitNames.clear();
+    m_gathered->splitNames.reserve(p_variableNames.size());
+    m_gathered->fieldValuedNames.clear();
     for (const std::string& variableName : p_variableNames)
         checkVariable(p_objectPath, p_paramName, p_singleValued, variableName);
 
-    if (!m_gathered.fieldValuedNames.empty())
+    if (!m_gathered->fieldValuedNames.empty())
         raise<Msg::FieldValuedVariables>(p_paramName, p_objectPath,
-                                         StringUtilities::vectorToString(m_gathered.fieldValuedNames, ','));
+                                         StringUtilities::vectorToString(m_gathered->fieldValuedNames, ','));
 
     if (!p_expressionKind)
-        checkVariableAvailability(p_objectPath, p_paramName, m_gathered.splitNames);
+        checkVariableAvailability(p_objectPath, p_paramName, m_gathered->splitNames);
 }
 
 /// What can be told of a variable by itself. Gathers what is told of all of them together.
 void DimExprChecker::checkVariable(const std::string& p_objectPath, const std::string& p_paramName,
                                    bool p_singleValued, const std::string& p_variableName)
 {
-    const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_pathText));
-    const SplitVariableName& name = m_gathered.splitNames.emplace_back(p_variableName, &rootFinder);
+    const DimExprVarRootFinder rootFinder(m_model, ModelPaths(m_gathered->pathText));
+    const SplitVariableName& name = m_gathered->splitNames.emplace_back(p_variableName, &rootFinder);
 
     checkIsScalarVariable(p_objectPath, p_paramName, name);
     checkValidCoordUsage(p_objectPath, p_paramName, name);
@@ -154,13 +155,13 @@ void DimExprChecker::checkVariable(const std::string& p_objectPath, const std::s
 
     if (p_singleValued && (name.isAV() || m_varDefStore->varMatchesTrue(name.root().name(),
                                                                         PreVariableDefStore::FIELD_VARIABLE)))
-        m_gathered.fieldValuedNames.push_back(p_variableName);
+        m_gathered->fieldValuedNames.push_back(p_variableName);
 
-    if (!m_gathered.prefixContext.empty())
-        checkPrefixesAt(m_gathered.prefixContext, p_objectPath, p_paramName, name);
+    if (!m_gathered->prefixContext.empty())
+        checkPrefixesAt(m_gathered->prefixContext, p_objectPath, p_paramName, name);
 
     if (name.isAV())
-        m_gathered.splitNames.pop_back();
+        m_gathered->splitNames.pop_back();
 }
 
 void DimExprChecker::checkIsScalarVariable(const std::string& p_objectPath, const std::string& p_paramName,
@@ -177,7 +178,7 @@ void DimExprChecker::checkIsScalarVariable(const std::string& p_objectPath, cons
     const std::string& rootName = p_name.root().name();
     std::optional<TensType> rootType;
     if (p_name.isAV())
-        rootType = additionalVariableType(*m_model, rootName, ModelPaths(m_pathText));
+        rootType = additionalVariableType(*m_model, rootName, ModelPaths(m_gathered->pathText));
     if (!rootType)
         rootType = m_varDefStore->getTensorType(rootName);
     const TensType variable = reduced(*rootType, p_name.root());
@@ -226,7 +227,7 @@ void DimExprChecker::checkSuffixes(const std::string& p_objectPath, const std::s
     {
         const QCLPath object(p_objectPath);
         if (!isInsideBoundary(object) &&
-            !isBoundaryOnlyAVValue(*m_model, object, p_paramName, ModelPaths(m_pathText)))
+            !isBoundaryOnlyAVValue(*m_model, object, p_paramName, ModelPaths(m_gathered->pathText)))
             raise<Msg::BoundconOutsideBoundary>(p_name.fullName(), p_paramName, p_objectPath);
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qcl/QclDocument.h"
+#include "qcl/SourceText.h"
 #include "units/UnitSystem.h"
 
 #include <cstdint>
