@@ -133,6 +133,7 @@ private:
     bool failDims(const char* p_begin, const char* p_end, const std::string& p_message);
     bool failExpected(const char* p_at, std::string_view p_expected);
     std::string likelySlip(const char* p_at) const;
+    std::string suggestedRoot(const char* p_begin);
     bool failCycle(const ModelTree::Parameter& p_parameter, std::string_view p_name, const char* p_begin);
     QelError errorAt(const char* p_begin, const char* p_end, const std::string& p_message) const;
     TextRange rangeOf(const char* p_begin, const char* p_end) const;

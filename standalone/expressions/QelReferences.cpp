@@ -4,7 +4,10 @@
 #include "world/World.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace qen::standalone::qel {
 namespace {
@@ -112,7 +115,7 @@ bool Analysis::reference(Operand& p_operand)
         }
         return fail(begin, m_at,
                     "no component of " + quoted(between(begin, m_at)) +
-                        " is known; expected a variable or an additional variable");
+                        " is known; expected a variable or an additional variable" + suggestedRoot(begin));
     }
 
     if (const Names::Root kind = m_names.classify(first.name); kind != Names::Root::None)
@@ -146,6 +149,18 @@ bool Analysis::reference(Operand& p_operand)
             " is not known; expected a variable, an additional variable, a constant or a named expression" +
             (nameGoesOn ? ". Words of a name are parted by one blank"
                         : suggestion(first.name, m_names.nearestValue(first.name))));
+}
+
+/// What was meant by the root of a reference that has none that is known. It stands behind the prefixes, and before an
+/// operator.
+std::string Analysis::suggestedRoot(const char* p_begin)
+{
+    std::vector<std::string_view> names;
+    ComponentReader reader {p_begin, m_at};
+    readReference(reader, [&](const Component& p_component) { names.push_back(p_component.name); });
+    if (!names.empty() && m_names.operatorDims(names.back()))
+        names.pop_back();
+    return names.empty() ? std::string() : suggestion(names.back(), m_names.nearestValue(names.back()));
 }
 
 bool Analysis::variable(const RootPlace& p_root, Operand& p_operand, const char* p_begin)

@@ -138,6 +138,7 @@ INSTANTIATE_TEST_SUITE_P(Names, BadExpression, ::testing::Values(
     BadCase {"LetterCaseMatters", "pressure", "Column 1: 'pressure' is not known; expected a variable, an additional variable, a constant or a named expression. Did you mean 'Pressure'?", 0, 8},
     BadCase {"Misspelt", "2 * Velocty u", "Column 5: 'Velocty u' is not known; expected a variable, an additional variable, a constant or a named expression. Did you mean 'Velocity u'?", 4, 9},
     BadCase {"MisspeltConstant", "speed of ligth", "Column 1: 'speed of ligth' is not known; expected a variable, an additional variable, a constant or a named expression. Did you mean 'speed of light'?", 0, 14},
+    BadCase {"MisspeltRootBehindAPrefix", "2 * Water.Presure", "Column 5: no component of 'Water.Presure' is known; expected a variable or an additional variable. Did you mean 'Pressure'?", 4, 13},
     BadCase {"NoKnownComponent", "Water.Foo{x}", "Column 1: no component of 'Water.Foo{x}' is known; expected a variable or an additional variable.", 0, 12},
     BadCase {"ConstantWithBraces", "pi{x}", "Column 1: 'pi' is a constant and has no components or coordinate frames; expected it without braces.", 0, 5},
     BadCase {"NamedExpressionWithBraces", "Loop{x}", "Column 1: 'Loop' is a named expression and has no components or coordinate frames; expected it without braces.", 0, 7},
