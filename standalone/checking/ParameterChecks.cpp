@@ -250,15 +250,19 @@ private:
             for (ParameterFinding& other : others)
                 if (std::none_of(findings.begin() + static_cast<std::ptrdiff_t>(firstOfRecords),
                                  findings.begin() + static_cast<std::ptrdiff_t>(endOfRecords),
-                                 [&](const ParameterFinding& p_record) { return overlap(p_record, other); }))
+                                 [&](const ParameterFinding& p_record) { return tells(p_record, other); }))
                     findings.push_back(std::move(other));
         }
     }
 
-    static bool overlap(const ParameterFinding& p_one, const ParameterFinding& p_other)
+    /// Whether a record tells of what is found in its place too. One about the dimensions of the whole expression says
+    /// nothing of its parts, and a call without its argument can be why they are wrong.
+    static bool tells(const ParameterFinding& p_record, const ParameterFinding& p_other)
     {
-        return p_one.range.offset < p_other.range.offset + p_other.range.length &&
-               p_other.range.offset < p_one.range.offset + p_one.range.length;
+        const bool isOfTheWhole =
+            p_record.identifier == "wrong-expression-units" || p_record.identifier == "wrong-dynamic-units";
+        return !isOfTheWhole && p_record.range.offset < p_other.range.offset + p_other.range.length &&
+               p_other.range.offset < p_record.range.offset + p_record.range.length;
     }
 
     // A line end stands neither in a path nor in a name.

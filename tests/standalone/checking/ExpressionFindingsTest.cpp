@@ -18,6 +18,10 @@ constexpr const char* k_rules = R"([/FLOW/DOMAIN/TEST]
 Type = Real List
 Kind = Expression
 Depends On = ANY
+[/FLOW/DOMAIN/TEST/PARAMETER:Pressure]
+Type = Real
+Quantity = Pressure
+Depends On = ANY
 )";
 
 constexpr const char* k_case = R"([/FLOW:F/DOMAIN:D/FLUID DEFINITION:Water]
@@ -49,6 +53,14 @@ TEST(ExpressionFindings, TellOfAWrongNumberOfArguments)
                                     "The function 'area' is given 1 argument. Expected 0.")));
     EXPECT_THAT(check("Value = average@Inlet()\n").findings,
                 ElementsAre(FoundAt(k_line, 9, "argument-count",
+                                    "The function 'average' is given 0 arguments. Expected 1.")));
+}
+
+TEST(ExpressionFindings, TellOfAWrongNumberOfArgumentsWhereItMakesTheUnitsWrong)
+{
+    EXPECT_THAT(check("Pressure = 0.5 * average@Inlet()\n").findings,
+                ElementsAre(FoundAt(k_line, 12, "wrong-expression-units", _),
+                            FoundAt(k_line, 18, "argument-count",
                                     "The function 'average' is given 0 arguments. Expected 1.")));
 }
 
