@@ -68,10 +68,14 @@ ExpectedNames contentsOf(const Phase& p_phase, const DomainNames& p_names)
     return expected;
 }
 
-std::string outsideOfDomains(const std::string& p_prefix, const std::string& p_contextPath)
+std::string outsideOfDomains(const std::string& p_prefix, const QCLPath& p_contextPath)
 {
-    return fmt::format("{} names nothing, since {} is in no domain of the model; expected no prefix.",
-                       quoted(p_prefix), quoted(p_contextPath));
+    const QCLPath domain = p_contextPath.getSubPathByType("DOMAIN");
+    if (domain.empty())
+        return fmt::format("{} names nothing, since {} is in no domain; expected no prefix.",
+                           quoted(p_prefix), quoted(p_contextPath.getFullPath()));
+    return fmt::format("{} names nothing, since the model has no domain {}; expected a domain that it has.",
+                       quoted(p_prefix), quoted(domain.getLastName()));
 }
 
 std::string notInDomain(const std::string& p_prefix, const std::string& p_domain, const DomainNames& p_names)
@@ -170,8 +174,7 @@ VariablePrefixInfo::Classification PrefixClassifier::classifyPrefixes(const QCLP
     if (!domain)
     {
         if (!p_prefix1.empty() || !p_prefix2.empty())
-            p_errorText =
-                outsideOfDomains(p_prefix1.empty() ? p_prefix2 : p_prefix1, p_contextPath.getFullPath());
+            p_errorText = outsideOfDomains(p_prefix1.empty() ? p_prefix2 : p_prefix1, p_contextPath);
         return {};
     }
 

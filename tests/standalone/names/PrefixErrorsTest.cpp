@@ -45,13 +45,17 @@ TEST_F(PrefixError, ExpectsNoPrefixInADomainWithoutFluids)
 
 TEST_F(PrefixError, ExpectsNoPrefixOutsideOfDomains)
 {
-    EXPECT_EQ(errorFor("/FLOW:F/SIMULATION", "Water"), "'Water' names nothing, since '/FLOW:F/SIMULATION' is "
-                                                       "in no domain of the model; expected no prefix.");
-    EXPECT_EQ(errorFor("/FLOW:F/DOMAIN:Nowhere", "Water", "Salt"),
-              "'Water' names nothing, since '/FLOW:F/DOMAIN:Nowhere' is in no domain of the model; expected "
-              "no prefix.");
+    EXPECT_EQ(errorFor("/FLOW:F/SIMULATION", "Water"),
+              "'Water' names nothing, since '/FLOW:F/SIMULATION' is in no domain; expected no prefix.");
     EXPECT_EQ(errorFor("", "", "Salt"),
-              "'Salt' names nothing, since '' is in no domain of the model; expected no prefix.");
+              "'Salt' names nothing, since '' is in no domain; expected no prefix.");
+}
+
+TEST_F(PrefixError, ExpectsADomainOfTheModel)
+{
+    EXPECT_EQ(
+        errorFor("/FLOW:F/DOMAIN:Nowhere", "Water", "Salt"),
+        "'Water' names nothing, since the model has no domain 'Nowhere'; expected a domain that it has.");
 }
 
 TEST_F(PrefixError, NamesThePhasesWhenTheFirstOfTwoIsNone)
