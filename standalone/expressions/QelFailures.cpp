@@ -74,11 +74,15 @@ std::string Analysis::likelySlip(const char* p_at) const
     const char* const begin = m_source->text.data();
     if (p_at != m_end && *p_at == '*' && p_at != begin && p_at[-1] == '*')
         return ". A power is written '^'";
+    if (p_at != m_end && *p_at == '#')
+        return ". A comment has a line of its own";
 
     const char* const nameEnds = nameEnd(p_at, m_end);
     const char* before = p_at;
     while (before != begin && hasClass(before[-1], k_blank))
         --before;
+    if (p_at != m_end && *p_at == '[' && before != begin && hasClass(before[-1], k_nameChar))
+        return ". Units follow a number or a bracket";
     if (nameEnds == p_at || before == begin)
         return {};
     const std::string_view name(p_at, static_cast<std::size_t>(nameEnds - p_at));
@@ -87,6 +91,8 @@ std::string Analysis::likelySlip(const char* p_at) const
         const bool isUnits = m_world.units && m_world.units->parse(name);
         if (!isUnits && Names(m_world).classify(name) != Names::Root::None)
             return {};
+        if (before == p_at && (name == "e" || name == "E"))
+            return ". The exponent has no digits";
         std::string example(m_numberBegin, m_numberEnd);
         return ". Units stand in brackets: " + quoted(example.append(" [").append(name).append("]"));
     }

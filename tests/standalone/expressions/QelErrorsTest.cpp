@@ -66,6 +66,9 @@ INSTANTIATE_TEST_SUITE_P(Syntax, BadExpression, ::testing::Values(
     BadCase {"TabInName", "Velocity\tu", "Column 10: expected an operator or the end of the expression, but found 'u'. Words of a name are parted by one blank.", 9, 1},
     BadCase {"UnitsWithoutBrackets", "2 * 0.5 s", "Column 9: expected an operator or the end of the expression, but found 's'. Units stand in brackets: '0.5 [s]'.", 8, 1},
     BadCase {"UnitsWithoutBracketsOrBlank", "(30deg)", "Column 4: expected an operator or ')', but found 'deg'. Units stand in brackets: '30 [deg]'.", 3, 3},
+    BadCase {"ExponentWithoutDigits", "1e [s]", "Column 2: expected an operator or the end of the expression, but found 'e'. The exponent has no digits.", 1, 1},
+    BadCase {"UnitsBehindAName", "2 * pi [rad]", "Column 8: expected an operator or the end of the expression, but found '['. Units follow a number or a bracket.", 7, 1},
+    BadCase {"CommentBehindAValue", "1 [Pa] # gauge", "Column 8: expected an operator or the end of the expression, but found '#'. A comment has a line of its own.", 7, 1},
     BadCase {"UnknownUnitsWithoutBrackets", "5 sec", "Column 3: expected an operator or the end of the expression, but found 'sec'. Units stand in brackets: '5 [sec]'.", 2, 3},
     BadCase {"NameBehindUnits", "2 [m] s", "Column 7: expected an operator or the end of the expression, but found 's'.", 6, 1},
     BadCase {"TwoStars", "2 ** 3", "Column 4: expected a number, a name, a sign or '(', but found '*'. A power is written '^'.", 3, 1},
@@ -85,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(Syntax, BadExpression, ::testing::Values(
 
 INSTANTIATE_TEST_SUITE_P(Units, BadExpression, ::testing::Values(
     BadCase {"UnitsLeftOpen", "1 [m", "Column 3: the units that begin here have no end; expected ']'.", 2, 2},
-    BadCase {"UnitsBehindVariable", "r [m]", "Column 3: expected an operator or the end of the expression, but found '['.", 2, 1},
+    BadCase {"UnitsBehindVariable", "r [m]", "Column 3: expected an operator or the end of the expression, but found '['. Units follow a number or a bracket.", 2, 1},
     BadCase {"UnitsTwice", "1 [m] [m]", "Column 7: expected an operator or the end of the expression, but found '['.", 6, 1},
     BadCase {"UnitsBehindFunction", "sin(1) [m]", "Column 8: expected an operator or the end of the expression, but found '['.", 7, 1},
     BadCase {"UnitsBehindLength", "2 * (1 [m]) [s]", "Column 5: what the units 's' stand behind has the dimensions 'm' already; expected a dimensionless value.", 4, 11}),
