@@ -9,11 +9,16 @@ std::size_t s_blocksOutsideOfHost = 0;
 
 }    // namespace
 
-void* operator new(std::size_t p_bytes)
+void* operator new(std::size_t p_bytes, const std::nothrow_t&) noexcept
 {
     if (!qen::support::isInHost())
         ++s_blocksOutsideOfHost;
-    if (void* const memory = std::malloc(p_bytes != 0 ? p_bytes : 1))
+    return std::malloc(p_bytes != 0 ? p_bytes : 1);
+}
+
+void* operator new(std::size_t p_bytes)
+{
+    if (void* const memory = operator new(p_bytes, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
