@@ -61,11 +61,11 @@ TEST(FileBytes, LeaveNothingWhereTheyWereMovedFrom)
     const char* const place = first.view().data();
     FileBytes second = std::move(first);
     EXPECT_EQ(second.view().data(), place);
-    EXPECT_TRUE(first.view().empty());    // NOLINT(bugprone-use-after-move): what is left is what is tested
+    EXPECT_TRUE(first.view().empty());
 
     FileBytes third("d");
     third = std::move(second);
-    append(second, "e");    // NOLINT(bugprone-use-after-move)
+    append(second, "e");
     EXPECT_EQ(third.view(), "abc");
     EXPECT_EQ(second.view(), "e");
 }
