@@ -2,14 +2,18 @@
 
 #include "PreVariablesApi.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace qen {
@@ -56,6 +60,38 @@ public:
 
     static constexpr ValueIndex k_emptyText = 6;    ///< of the empty text, in every store
 
+    /// An ordered set of values that does not change. Copies share what it holds: most records have the same few sets
+    /// of keywords as others, and each of those is kept once.
+    class SharedValueSet {
+    public:
+        SharedValueSet() = default;
+        SharedValueSet(const ValueSet& p_values) : SharedValueSet(ValueList(p_values.begin(), p_values.end()))
+        {}
+        operator ValueSet() const { return {begin(), end()}; }
+
+        /// In ascending order, each once. The reference holds as long as one of the copies does.
+        const ValueList& inOrder() const { return m_values ? *m_values : noValues(); }
+
+        ValueList::const_iterator begin() const { return inOrder().begin(); }
+        ValueList::const_iterator end() const { return inOrder().end(); }
+        std::size_t size() const { return inOrder().size(); }
+        bool empty() const { return inOrder().empty(); }
+        bool contains(ValueIndex p_value) const { return std::binary_search(begin(), end(), p_value); }
+
+        bool operator==(const SharedValueSet& p_other) const { return inOrder() == p_other.inOrder(); }
+
+    private:
+        friend class PreVariableDefStore;
+
+        explicit SharedValueSet(ValueList p_inOrder)
+            : m_values(p_inOrder.empty() ? nullptr : std::make_shared<const ValueList>(std::move(p_inOrder)))
+        {}
+
+        QEN_PREVARIABLES_API static const ValueList& noValues();
+
+        std::shared_ptr<const ValueList> m_values;    // null for no values
+    };
+
     /// One solver variable. A key that its definition does not have leaves the index of the empty text, or an empty
     /// set or list.
     //
@@ -72,10 +108,10 @@ public:
         ValueIndex underRelaxationFactor = k_emptyText;
         ValueIndex userLevel = k_emptyText;
         ValueIndex fieldVariable = k_emptyText;    // always that of "T" or "F"
-        ValueSet generalAvailability;
-        ValueSet physicalAvailability;
-        ValueSet variableClass;
-        ValueSet variableScope;
+        SharedValueSet generalAvailability;
+        SharedValueSet physicalAvailability;
+        SharedValueSet variableClass;
+        SharedValueSet variableScope;
         ValueList componentShortNames;
         ValueList oldComponentShortNames;
         ValueList componentLongNames;
@@ -306,13 +342,38 @@ private:
         std::uint32_t valuePlus1 = 0;
     };
 
+    // Finds shared sets by their values in order.
+    struct HashOfValues {
+        using is_transparent = void;
+
+        std::size_t operator()(const ValueList& p_inOrder) const;
+        std::size_t operator()(const SharedValueSet& p_set) const { return (*this)(p_set.inOrder()); }
+    };
+
+    struct SameValues {
+        using is_transparent = void;
+
+        bool operator()(const SharedValueSet& p_left, const SharedValueSet& p_right) const
+        {
+            return p_left == p_right;
+        }
+        bool operator()(const ValueList& p_inOrder, const SharedValueSet& p_set) const
+        {
+            return p_inOrder == p_set.inOrder();
+        }
+    };
+
     bool isTensorType(ValueIndex p_value) const;
+    ValueIndex addLikeBefore(const std::string& p_text, ValueIndex VarDefData::*p_field);
+    SharedValueSet addSharedValues(const std::vector<std::string>& p_texts, ValueList& p_scratch);
     void checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const;
     void addComponentDefinitions(VarDefData p_variable);
     void registerNames(const VarDefData& p_record);
     [[noreturn]] static void raiseNoSuchVariable(const std::string& p_name);
     const Operator& operatorNamed(const std::string& p_name, const char* p_askedBy) const;
     std::size_t slotOf(std::string_view p_text, std::size_t p_hash) const;
+    std::uint64_t expectValue(std::string_view p_text) const;
+    ValueIndex addExpectedValue(const std::string& p_text, std::uint64_t p_hash);
     void growSlots();
     std::optional<ValueIndex> findValue(std::string_view p_text) const;
     std::size_t recordNamed(std::string_view p_name) const;
@@ -323,10 +384,12 @@ private:
     template <class Matches>
     std::vector<std::string> shortNamesOfRecordsThat(const Matches& p_matches) const;
 
-    std::deque<VarDefData> m_records;    // stay where they are: to move the sets of a record is dear
+    std::deque<VarDefData> m_records;                      // stay where they are
     mutable std::vector<std::string> m_shortNamesCache;    // empty until asked for
     std::vector<Value> m_values;
-    std::vector<Slot> m_slots;                              // a power of two, at most half of them taken
+    std::vector<Slot> m_slots;    // a power of two, at most half of them taken
+    std::unordered_set<SharedValueSet, HashOfValues, SameValues>
+        m_sharedSets;                                       // of definitions that were read
     std::map<std::string, Operator> m_operators;            // by either name
     mutable std::set<std::string> m_solverInternalNames;    // empty until asked for
 

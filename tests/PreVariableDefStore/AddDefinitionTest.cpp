@@ -311,6 +311,45 @@ INSTANTIATE_TEST_SUITE_P(
                                    {"U", "Velocity u", "U0"}}),
     [](const auto& p_case) { return p_case.param.name; });
 
+TEST_F(AddDefinition, RefusesComponentsOfATensorWhoseOldListIsThatOfAVector)
+{
+    EXPECT_THAT(thrownBy<data::duplicate>([&] {
+                    m_store.addVariableDefinition("S", stress({{"Old Short Name", "SIGMA"},
+                                                               {"Old Component Short Names", "S1,S2,S3"}}));
+                }),
+                Optional(IsThrownBy("doAddVariableDefinition", "Duplicate definition of variable 'SIGMA'.")));
+    EXPECT_THAT(m_store.getAllVariableShortNames(), ElementsAre("S"));
+}
+
+TEST_F(AddDefinition, OfAFinishedRecordIsRefusedForANameOfAnother)
+{
+    m_store.addVariableDefinition("TEMP", scalar({{"Long Name", "Temperature"}}));
+    PreVariableDefStore::VarDefData record;
+    record.shortName = m_store.addValue("T");
+    record.longName = m_store.addValue("Temperature");
+
+    EXPECT_THAT(
+        thrownBy<data::duplicate>([&] { m_store.doAddVariableDefinition(record); }),
+        Optional(IsThrownBy("doAddVariableDefinition", "Duplicate definition of variable 'Temperature'.")));
+
+    // Its short name waits for the next record
+    EXPECT_EQ(m_store.variableIndex("T"), 1U);
+    EXPECT_THROW(m_store.variableData("T"), data::notFound);
+}
+
+TEST_F(AddDefinition, OfARecordWithSetsOfItsOwnKeepsThem)
+{
+    PreVariableDefStore::VarDefData record;
+    record.shortName = m_store.addValue("T");
+    record.generalAvailability = m_store.addValues({"RESULTS", "QEL", "RESULTS"});
+
+    m_store.doAddVariableDefinition(record);
+
+    EXPECT_EQ(m_store.getVarDefData("T", PreVariableDefStore::GENERAL_AVAILABILITY), "QEL,RESULTS");
+    const PreVariableDefStore::ValueSet kept = m_store.variableData("T").generalAvailability;
+    EXPECT_EQ(kept, m_store.addValues({"QEL", "RESULTS"}));
+}
+
 TEST_F(AddDefinition, RefusesComponentsThatInheritAnOldName)
 {
     // Given a vector with an old short name and no old component names

@@ -37,7 +37,8 @@ struct Reference {
     /// Whether the definition of the variable has that word in its scope.
     bool hasScope(std::string_view p_word) const
     {
-        const PreVariableDefStore::ValueSet& scopes = store.variableData(name.root().name()).variableScope;
+        const PreVariableDefStore::SharedValueSet& scopes =
+            store.variableData(name.root().name()).variableScope;
         return std::ranges::any_of(scopes, [&](PreVariableDefStore::ValueIndex p_scope) {
             return store.fieldValue(p_scope) == p_word;
         });

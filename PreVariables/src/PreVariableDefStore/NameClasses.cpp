@@ -45,7 +45,7 @@ constexpr std::string_view k_reservedName = "Expression Value";
 constexpr std::array k_coordinates {"x", "y", "z", "r", "theta", "raxis", "taxis", "aaxis"};
 
 /// Whether two ascending sequences have an element in common.
-bool haveOneInCommon(const Store::ValueSet& p_left, const Store::ValueList& p_right)
+bool haveOneInCommon(const Store::SharedValueSet& p_left, const Store::ValueList& p_right)
 {
     auto left = p_left.begin();
     auto right = p_right.begin();

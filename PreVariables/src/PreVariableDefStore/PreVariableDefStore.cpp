@@ -39,6 +39,20 @@ std::size_t PreVariableDefStore::slotOf(std::string_view p_text, std::size_t p_h
     }
 }
 
+/// Has the processor fetch the slot of a text that is added soon, so that the fetches for several texts go on at the
+/// same time: a new text's slot is hardly ever in its cache.
+///
+/// @return What addExpectedValue() takes.
+std::uint64_t PreVariableDefStore::expectValue(std::string_view p_text) const
+{
+    const std::size_t hash = hashOf(p_text);
+#ifdef __GNUC__
+    if (!m_slots.empty())
+        __builtin_prefetch(&m_slots[hash & (m_slots.size() - 1)]);
+#endif
+    return hash;
+}
+
 // Places by the parts of the hashes that the slots hold, so that no text is looked at.
 void PreVariableDefStore::growSlots()
 {
@@ -58,17 +72,22 @@ void PreVariableDefStore::growSlots()
 
 PreVariableDefStore::ValueIndex PreVariableDefStore::addValue(const std::string& p_text)
 {
+    return addExpectedValue(p_text, hashOf(p_text));
+}
+
+PreVariableDefStore::ValueIndex PreVariableDefStore::addExpectedValue(const std::string& p_text,
+                                                                      std::uint64_t p_hash)
+{
     if (2 * (m_values.size() + 1) > m_slots.size())
         growSlots();
 
-    const std::size_t hash = hashOf(p_text);
-    Slot& slot = m_slots[slotOf(p_text, hash)];
+    Slot& slot = m_slots[slotOf(p_text, p_hash)];
     if (slot.valuePlus1 == 0)
     {
         if (m_values.size() >= k_mostValues)
             throw std::length_error("PreVariableDefStore: too many different texts");
         m_values.emplace_back(p_text);
-        slot = {hashPart(hash), static_cast<std::uint32_t>(m_values.size())};
+        slot = {hashPart(p_hash), static_cast<std::uint32_t>(m_values.size())};
     }
     return slot.valuePlus1 - 1;
 }
@@ -91,12 +110,49 @@ PreVariableDefStore::ValueSet PreVariableDefStore::addValues(const std::vector<s
     return values;
 }
 
+const PreVariableDefStore::ValueList& PreVariableDefStore::SharedValueSet::noValues()
+{
+    static const ValueList k_none;
+    return k_none;
+}
+
+std::size_t PreVariableDefStore::HashOfValues::operator()(const ValueList& p_inOrder) const
+{
+    // FNV-1a, a value at a time: Fowler, Noll and Vo, "FNV hash", 1991.
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const ValueIndex value : p_inOrder)
+        hash = (hash ^ value) * 0x100000001B3;
+    return hash;
+}
+
+/// Interns texts as addValues() does.
+///
+/// @param p_scratch  Overwritten; taken along from one set to the next, so that its memory is taken once.
+PreVariableDefStore::SharedValueSet
+PreVariableDefStore::addSharedValues(const std::vector<std::string>& p_texts, ValueList& p_scratch)
+{
+    if (p_texts.empty())
+        return {};
+
+    p_scratch.clear();
+    for (const std::string& text : p_texts)
+        p_scratch.push_back(addValue(text));
+    std::ranges::sort(p_scratch);
+    p_scratch.erase(std::unique(p_scratch.begin(), p_scratch.end()), p_scratch.end());
+
+    const auto known = m_sharedSets.find(p_scratch);
+    return known != m_sharedSets.end() ? *known
+                                       : *m_sharedSets.insert(SharedValueSet(ValueList(p_scratch))).first;
+}
+
 PreVariableDefStore::ValueList PreVariableDefStore::addValuesVec(const std::vector<std::string>& p_texts)
 {
     ValueList values;
     values.reserve(p_texts.size());
     for (const std::string& text : p_texts)
-        values.push_back(addValue(text));
+        values.push_back(expectValue(text));
+    for (std::size_t i = 0; i < p_texts.size(); ++i)
+        values[i] = addExpectedValue(p_texts[i], values[i]);
     return values;
 }
 

@@ -29,6 +29,10 @@ bool holds(const Store::VarDefData& p_record, Store::VarDefField p_field, Store:
                       field->member);
 }
 
+const Store::ValueList& inOrder(const Store::ValueList& p_values) { return p_values; }
+
+const Store::ValueList& inOrder(const Store::SharedValueSet& p_values) { return p_values.inOrder(); }
+
 }    // namespace
 
 std::string PreVariableDefStore::getVarDefData(const std::string& p_name, VarDefField p_field) const
@@ -40,7 +44,8 @@ std::string PreVariableDefStore::getVarDefData(const std::string& p_name, VarDef
     return std::visit(Overloaded {
                           [&](ValueMember p_member) { return fieldValue(record.*p_member); },
                           [&](auto p_several) {
-                              return StringUtilities::vectorToString(valsToStrVec(record.*p_several), ',');
+                              return StringUtilities::vectorToString(valsToStrVec(inOrder(record.*p_several)),
+                                                                     ',');
                           },
                       },
                       field->member);
@@ -56,7 +61,7 @@ std::vector<std::string> PreVariableDefStore::getVarDefDataVec(const std::string
     return std::visit(
         Overloaded {
             [&](ValueMember p_member) { return std::vector<std::string> {fieldValue(record.*p_member)}; },
-            [&](auto p_several) { return valsToStrVec(record.*p_several); },
+            [&](auto p_several) { return valsToStrVec(inOrder(record.*p_several)); },
         },
         field->member);
 }

@@ -25,8 +25,9 @@ constinit const BoolFromEnvironment k_ignoreInvalidDefinitions("QEN_IGNORE_INVAL
 constexpr const char* k_function = "addVariableDefinition";
 
 // Values are interned in the order in which fields are read, so these orders are part of what callers see.
-constexpr Store::VarDefField k_namesAndType[] {Store::LONG_NAME, Store::OLD_SHORT_NAME, Store::OLD_LONG_NAME,
-                                               Store::QUANTITY, Store::TENSOR_TYPE};
+constexpr std::array k_names {Store::SHORT_NAME, Store::LONG_NAME, Store::OLD_SHORT_NAME,
+                              Store::OLD_LONG_NAME};
+constexpr Store::VarDefField k_kind[] {Store::QUANTITY, Store::TENSOR_TYPE};
 constexpr Store::VarDefField k_keywords[] {Store::GENERAL_AVAILABILITY, Store::PHYSICAL_AVAILABILITY,
                                            Store::VARIABLE_CLASS, Store::VARIABLE_SCOPE};
 constexpr Store::VarDefField k_componentNames[] {
@@ -103,9 +104,18 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
 
     const FieldTexts texts(p_parameters);
     VarDefData record;
-    record.shortName = addValue(name);
-    for (const VarDefField field : k_namesAndType)
-        record.*memberOf<ValueMember>(field) = addValue(texts[field]);
+    const auto nameIn = [&](VarDefField p_field) -> const std::string& {
+        return p_field == SHORT_NAME ? name : texts[p_field];
+    };
+    for (const VarDefField field : k_names)
+        record.*memberOf<ValueMember>(field) = expectValue(nameIn(field));
+    for (const VarDefField field : k_names)
+    {
+        ValueIndex& value = record.*memberOf<ValueMember>(field);
+        value = addExpectedValue(nameIn(field), value);
+    }
+    for (const VarDefField field : k_kind)
+        record.*memberOf<ValueMember>(field) = addLikeBefore(texts[field], memberOf<ValueMember>(field));
 
     if (!isTensorType(record.tensorType))
     {
@@ -117,8 +127,10 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
         return;
     }
 
+    ValueList scratch;
     for (const VarDefField field : k_keywords)
-        record.*memberOf<SetMember>(field) = addValues(StringUtilities::stringToVector(texts[field], ','));
+        record.*memberOf<SetMember>(field) =
+            addSharedValues(StringUtilities::stringToVector(texts[field], ','), scratch);
 
     if (record.tensorType != m_scalarIdx)    // a scalar's component keys are not even read
     {
@@ -129,7 +141,7 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     }
 
     for (const VarDefField field : k_settings)
-        record.*memberOf<ValueMember>(field) = addValue(texts[field]);
+        record.*memberOf<ValueMember>(field) = addLikeBefore(texts[field], memberOf<ValueMember>(field));
 
     std::string fieldVariable = texts[FIELD_VARIABLE];
     if (fieldVariable.empty() && record.generalAvailability.contains(m_qelIdx))
@@ -154,6 +166,16 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     }
     registerNames(record);
     m_records.push_back(std::move(record));
+}
+
+/// Interns a text that mostly is the one which the record before has in the same field.
+PreVariableDefStore::ValueIndex PreVariableDefStore::addLikeBefore(const std::string& p_text,
+                                                                   ValueIndex VarDefData::*p_field)
+{
+    if (!m_records.empty())
+        if (const ValueIndex before = m_records.back().*p_field; fieldValue(before) == p_text)
+            return before;
+    return addValue(p_text);
 }
 
 bool PreVariableDefStore::isTensorType(ValueIndex p_value) const

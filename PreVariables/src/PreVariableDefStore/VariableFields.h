@@ -13,7 +13,7 @@
 namespace qen {
 
 using ValueMember = PreVariableDefStore::ValueIndex PreVariableDefStore::VarDefData::*;
-using SetMember = PreVariableDefStore::ValueSet PreVariableDefStore::VarDefData::*;
+using SetMember = PreVariableDefStore::SharedValueSet PreVariableDefStore::VarDefData::*;
 using ListMember = PreVariableDefStore::ValueList PreVariableDefStore::VarDefData::*;
 
 struct FieldDescriptor {
