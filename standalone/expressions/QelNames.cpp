@@ -177,40 +177,37 @@ bool Names::additionalVariableDims(UnitDimensions& p_dims, std::string& p_proble
 
 std::string Names::nearestValue(std::string_view p_name) const
 {
-    std::vector<std::string> known = constantNames();
+    NameSearch search(p_name);
+    KnownNames fresh;
+    if (m_world.variables)
+    {
+        KnownNames& kept = m_world.expressions ? m_world.expressions->m_variableNames : fresh;
+        if (kept.empty())
+            kept = variableNames(*m_world.variables);
+        kept.compareIn(search);
+    }
+
+    std::vector<std::string> others = constantNames();
     if (m_world.model)
     {
         const std::vector<std::string> additional =
             m_world.model->childNames("/LIBRARY", "ADDITIONAL VARIABLE");
-        known.insert(known.end(), additional.begin(), additional.end());
+        others.insert(others.end(), additional.begin(), additional.end());
         const ModelTree::Object* const expressions = m_world.model->find(k_expressionsPath);
         if (expressions && expressions->parameters.size() <= k_suggestedNames)
         {
             const std::vector<std::string> names = expressions->parameterNames();
-            known.insert(known.end(), names.begin(), names.end());
+            others.insert(others.end(), names.begin(), names.end());
         }
         else if (expressions)
             expressions->childrenOf({std::string_view()});    // that which parameters there are was looked at
     }
     // Of two that are as near the first counts: not that of the model's order, which tells nothing.
-    std::ranges::sort(known);
-
-    std::vector<std::string> nearest;
-    for (const std::string& one : {nearestVariable(p_name), nearestName(p_name, std::move(known))})
-        if (!one.empty())
-            nearest.push_back(one);
-    return nearestName(p_name, std::move(nearest));
-}
-
-std::string Names::nearestVariable(std::string_view p_name) const
-{
-    if (!m_world.variables)
-        return {};
-    KnownNames fresh;
-    KnownNames& kept = m_world.expressions ? m_world.expressions->m_variableNames : fresh;
-    if (kept.empty())
-        kept = variableNames(*m_world.variables);
-    return kept.nearest(p_name);
+    std::erase_if(others, [&](const std::string& p_other) { return !search.mayBeNear(p_other); });
+    std::ranges::sort(others);
+    for (const std::string& other : others)
+        search.compare(other);
+    return std::string(search.nearest());
 }
 
 std::string Names::nearestFunction(std::string_view p_name) const

@@ -52,7 +52,6 @@ public:
     const UnitDimensions* callbackDims(std::string_view p_function);
 
 private:
-    std::string nearestVariable(std::string_view p_name) const;
     const ModelTree::Object* additionalVariable(std::string_view p_name) const;
     bool variableDims(UnitDimensions& p_dims, std::string& p_problem) const;
     bool additionalVariableDims(UnitDimensions& p_dims, std::string& p_problem) const;

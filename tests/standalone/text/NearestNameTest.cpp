@@ -104,6 +104,13 @@ TEST(NearestName, IsThatOfTheDefinitionForRandomNames)
     EXPECT_GT(found, 800U);
 }
 
+std::string nearestOf(const KnownNames& p_known, const std::string& p_misspelt)
+{
+    NameSearch search(p_misspelt);
+    p_known.compareIn(search);
+    return std::string(search.nearest());
+}
+
 TEST(KnownNames, AnswerFromACopyWhenTheFirstIsGone)
 {
     KnownNames copy;
@@ -112,10 +119,50 @@ TEST(KnownNames, AnswerFromACopyWhenTheFirstIsGone)
         copy = first;
     }
 
-    EXPECT_EQ(copy.nearest("Spead"), "Speed");
-    EXPECT_EQ(copy.nearest("presure"), "Pressure");
+    EXPECT_EQ(nearestOf(copy, "Spead"), "Speed");
+    EXPECT_EQ(nearestOf(copy, "presure"), "Pressure");
     EXPECT_FALSE(copy.empty());
     EXPECT_TRUE(KnownNames().empty());
+    EXPECT_EQ(nearestOf(KnownNames(), "Speed"), "");
+}
+
+TEST(KnownNames, AnswerAsAComparisonOneByOneDoes)
+{
+    std::mt19937 random(7);
+    const auto upTo = [&](std::size_t p_most) { return random() % (p_most + 1); };
+    const auto name = [&] {
+        std::string text(upTo(14), 'a');
+        for (char& letter : text)
+            letter = "aAb1"[upTo(3)];
+        return text;
+    };
+
+    std::size_t found = 0;
+    for (int round = 0; round < 6000; ++round)
+    {
+        std::vector<std::string> known(upTo(40));
+        std::ranges::generate(known, name);
+        const std::string misspelt = name();
+
+        const std::string nearest = nearestName(misspelt, known);
+        EXPECT_EQ(nearestOf(KnownNames(known), misspelt), nearest) << misspelt;
+        found += nearest.empty() ? 0U : 1U;
+    }
+    EXPECT_GT(found, 800U);
+}
+
+TEST(NameSearch, PrefersWhatWasComparedBeforeOfTwoThatAreAsNear)
+{
+    NameSearch search("Speet");
+    const KnownNames first({"Speed"});
+    const KnownNames last({"Speet"});
+    first.compareIn(search);
+    search.compare("Speer");
+    EXPECT_EQ(search.nearest(), "Speed");
+
+    search.compare("speet");
+    last.compareIn(search);
+    EXPECT_EQ(search.nearest(), "speet");
 }
 
 TEST(NearestName, IsEmptyWhenNothingIsClose)
