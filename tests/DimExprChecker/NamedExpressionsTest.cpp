@@ -1,4 +1,5 @@
 #include "DimExprChecker.h"
+#include "PreVarExprInfo.h"
 #include "PreVariableDefStore.h"
 
 #include "support/Matchers.h"
@@ -122,6 +123,26 @@ TEST_F(NamedExpression, ThatClashesInSeveralWaysHasTheFirstOfThemAlone)
     EXPECT_THAT(records(m_checker),
                 ElementsAre(ErrorSaying(solverClash("Area")), ErrorSaying(solverClash("Velocity")),
                             ErrorSaying(postprocessorClash("Volume"))));
+}
+
+TEST_F(NamedExpression, IsComparedWithTheStoreOfTheCheckerWhateverStoreIsRegistered)
+{
+    const PreVariableDefStore other;
+    PreVarExprInfo::instance().init(&other);
+    EXPECT_FALSE(check("Velocity"));
+    PreVarExprInfo::instance().init(nullptr);
+    EXPECT_FALSE(check("VEL"));
+
+    EXPECT_THAT(records(m_checker),
+                ElementsAre(ErrorSaying(solverClash("Velocity")), ErrorSaying(solverClash("VEL"))));
+}
+
+TEST_F(NamedExpression, IsComparedAlsoWhenItIsCheckedAsAParameterWhateverItsTextIs)
+{
+    EXPECT_FALSE(m_checker.checkParam(k_library, "Velocity", "((("));
+
+    EXPECT_THAT(records(m_checker),
+                ElementsAre(AllOf(ErrorSaying(solverClash("Velocity")), IsAbout(k_library, "Velocity"))));
 }
 
 TEST_F(NamedExpression, IsComparedExactly)

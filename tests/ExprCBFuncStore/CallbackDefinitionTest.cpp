@@ -4,6 +4,8 @@
 #include "StringUtilities.h"
 #include "UnitsError.h"
 
+#include "support/HostTextScript.h"
+
 #include <cstdint>
 #include <locale>
 #include <ostream>
@@ -237,6 +239,16 @@ TEST_F(CallbackDefinition, MatchesAPieceBehindABlankOnlyBecauseTheHostTrimsIt)
     m_store.addCBDefinition("probe", average({{"Locator Dimension", "Point, Volume"}}));
 
     EXPECT_EQ(m_store.findCBDef("probe").locatorDimensions.to_string(), "10010");
+}
+
+TEST_F(CallbackDefinition, DoesNotTrimThePiecesItself)
+{
+    support::HostTextScript texts;
+    texts.splitsWithoutTrimming();
+
+    m_store.addCBDefinition("probe", average({{"Locator Dimension", "Point, Volume"}}));
+
+    EXPECT_EQ(m_store.findCBDef("probe").locatorDimensions.to_string(), "00010");
 }
 
 // What is missing.

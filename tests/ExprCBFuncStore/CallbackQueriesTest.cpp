@@ -1,6 +1,7 @@
 #include "CallbackTest.h"
 
 #include "DataError.h"
+#include "UnitsError.h"
 
 #include <functional>
 #include <memory>
@@ -64,6 +65,21 @@ TEST_F(CallbackNames, AreForgottenAlsoByADefinitionThatIsRefused)
     EXPECT_THROW(m_store.addCBDefinition("b", {}), data::error);
 
     // Then the list is empty, until it is asked for again
+    EXPECT_THAT(names, IsEmpty());
+    EXPECT_THAT(m_store.getCBNames(), ElementsAre("a"));
+}
+
+TEST_F(CallbackNames, AreForgottenByEveryDefinitionHoweverItEnds)
+{
+    m_store.addCBDefinition("a", average());
+    const std::vector<std::string>& names = m_store.getCBNames();
+    ASSERT_THAT(names, ElementsAre("a"));
+
+    m_store.addCBDefinition("a", average());    // there already: discarded
+    EXPECT_THAT(names, IsEmpty());
+
+    ASSERT_THAT(m_store.getCBNames(), ElementsAre("a"));
+    EXPECT_THROW(m_store.addCBDefinition("b", average({{"Result Units", "[smoot]"}})), units::error);
     EXPECT_THAT(names, IsEmpty());
     EXPECT_THAT(m_store.getCBNames(), ElementsAre("a"));
 }

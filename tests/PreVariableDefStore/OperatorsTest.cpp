@@ -2,6 +2,7 @@
 
 #include "UnitsError.h"
 
+#include "support/HostTextScript.h"
 #include "support/ScriptedHost.h"
 
 #include <functional>
@@ -311,6 +312,24 @@ TEST_F(OperatorDefinition, ReportsItsFirstFaultInReadingOrder)
     definition["Component Long Names"] = "A,B,C";
     m_store.addVariableOperatorDefinition("op", definition);
     EXPECT_EQ(m_store.getOperatorAlias("C"), "c");
+}
+
+TEST_F(OperatorDefinition, ReadsItsAvailabilityBeforeItsLongName)
+{
+    support::HostTextScript texts;
+
+    // Without a long name the availability is read, and then missed is the name
+    EXPECT_EQ(fault({{"Tensor Type", "SCALAR"}, {"QEL Availability", "QEL,RESULTS"}}),
+              "The Variable Operator named 'op' does not have a 'Long Name' parameter");
+    EXPECT_THAT(texts.calls(), ElementsAre("stringToSet(QEL,RESULTS)"));
+
+    // A modifier that is not understood ends the reading before that
+    texts.forgetCalls();
+    EXPECT_THROW(m_store.addVariableOperatorDefinition("op", {{"Tensor Type", "SCALAR"},
+                                                              {"Dimensions Modifier", "[knots]"},
+                                                              {"QEL Availability", "QEL"}}),
+                 units::error);
+    EXPECT_THAT(texts.calls(), IsEmpty());
 }
 
 // Names that are there already.

@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <optional>
+#include <sstream>
 #include <string_view>
 
 namespace qen {
@@ -77,6 +78,15 @@ std::size_t numberLength(const std::string& p_text)
 }
 
 /// Splits at separators; with @p p_keepBracketed not at those inside round, square or curly brackets.
+std::vector<std::string> splitAsItStands(const std::string& p_text, char p_separator)
+{
+    std::vector<std::string> pieces;
+    std::istringstream text(p_text);
+    for (std::string piece; std::getline(text, piece, p_separator);)
+        pieces.push_back(piece);
+    return pieces;
+}
+
 std::vector<std::string> split(const std::string& p_text, char p_separator, bool p_keepBracketed)
 {
     std::vector<std::string> pieces;
@@ -191,11 +201,13 @@ std::vector<std::string> StringUtilities::splitValue(const std::string& p_text, 
 std::vector<std::string> StringUtilities::stringToVector(const std::string& p_text, char p_separator)
 {
     support::HostTextScript::note("stringToVector", p_text);
-    return split(p_text, p_separator, false);
+    return support::HostTextScript::trims() ? split(p_text, p_separator, false)
+                                            : splitAsItStands(p_text, p_separator);
 }
 
 std::set<std::string> StringUtilities::stringToSet(const std::string& p_text, char p_separator)
 {
+    support::HostTextScript::note("stringToSet", p_text);
     const std::vector<std::string> pieces = split(p_text, p_separator, false);
     return {pieces.begin(), pieces.end()};
 }

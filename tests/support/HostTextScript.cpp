@@ -18,6 +18,8 @@ void HostTextScript::note(const char* p_operation, const std::string& p_argument
         g_script->m_log.note(p_operation, {p_argument});
 }
 
+bool HostTextScript::trims() { return !g_script || g_script->m_trims; }
+
 std::optional<bool> HostTextScript::switchAnswer()
 {
     return g_script ? g_script->m_switchAnswer : std::nullopt;
