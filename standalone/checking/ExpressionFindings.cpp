@@ -2,6 +2,7 @@
 
 #include "checking/ValueItems.h"
 #include "expressions/QelExpression.h"
+#include "expressions/QelNames.h"
 #include "text/NearestName.h"
 
 #include "ExprCBFuncStore.h"
@@ -11,6 +12,7 @@
 #include "StringUtilities.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -58,8 +60,11 @@ private:
                     ++i;    // what it refers to is looked at where it stands
                 break;
             case Kind::Variable:
+                checkComponents(reference);    // how many there may be the library says
+                break;
             case Kind::Argument:
                 checkComponents(reference);
+                checkArgumentsLetters(reference);
                 break;
             case Kind::Callback:
                 checkFunction(references, i);
@@ -114,6 +119,39 @@ private:
                     "'. Expected letters out of 'x', 'y' and 'z'.");
     }
 
+    /// Whether the variable that is the root of an argument has the component that is asked of it.
+    void checkArgumentsLetters(const QelReference& p_argument)
+    {
+        qel::Names names(m_world);
+        const qel::RootPlace place = qel::findRoot(names, p_argument.name);
+        std::vector<QELName::Component> components;
+        if (place.kind != qel::Names::Root::Variable ||
+            !QELName::splitVariableName(p_argument.name, components))
+            return;
+        const auto root = std::ranges::find(components, place.root, &QELName::Component::name);
+        if (root == components.end() ||
+            root->selector().find_first_not_of(k_componentLetters) != std::string::npos)
+            return;
+
+        struct Tensor {
+            const char* name;
+            std::size_t letters;    // of a component
+            const char* expected;
+        };
+        static constexpr std::array k_tensors {
+            // in the order of TensType
+            Tensor {"a scalar", 0, "no letters"},
+            Tensor {"a vector", 1, "one letter at most"},
+            Tensor {"a symmetric tensor", 2, "two letters at most"},
+        };
+        const Tensor& tensor = k_tensors.at(m_definitions.variables().getTensorType(root->name()));
+        if (root->selector().size() > tensor.letters)
+            add(p_argument.range, "unknown-component",
+                "The variable '" + root->name() + "' is " + tensor.name + " and has no component '" +
+                    root->selector() + "', as in '" + p_argument.name + "'. Expected " + tensor.expected +
+                    '.');
+    }
+
     void checkFrame(const QelReference& p_reference, const std::string& p_frame)
     {
         if (p_frame.empty())
@@ -142,6 +180,7 @@ private:
                     "' is given several axes. Expected one of 'x', 'y' and 'z'.");
         else
             checkLetters(reference, function.selector());
+        checkFrame(reference, function.frame());
 
         std::size_t next = p_function + 1;
         if (next < p_references.size() && p_references[next].kind == Kind::Locator)

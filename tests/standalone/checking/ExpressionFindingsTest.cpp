@@ -82,6 +82,41 @@ TEST(ExpressionFindings, LookIntoArguments)
                             "'y' and 'z'.")));
 }
 
+TEST(ExpressionFindings, TellOfAComponentThatTheVariableOfAnArgumentDoesNotHave)
+{
+    EXPECT_THAT(check("Value = average@Inlet(Pressure{x})\n").findings,
+                ElementsAre(FoundAt(k_line, 23, "unknown-component",
+                                    "The variable 'Pressure' is a scalar and has no component 'x', as in "
+                                    "'Pressure{x}'. Expected no letters.")));
+    EXPECT_THAT(check("Value = average@Inlet(Water.Velocity{xy})\n").findings,
+                ElementsAre(FoundAt(k_line, 23, "unknown-component",
+                                    "The variable 'Velocity' is a vector and has no component 'xy', as in "
+                                    "'Water.Velocity{xy}'. Expected one letter at most.")));
+    EXPECT_THAT(
+        check("Value = average@Inlet(Reynolds Stress{xyz})\n").findings,
+        ElementsAre(FoundAt(k_line, 23, "unknown-component",
+                            "The variable 'Reynolds Stress' is a symmetric tensor and has no component "
+                            "'xyz', as in 'Reynolds Stress{xyz}'. Expected two letters at most.")));
+}
+
+TEST(ExpressionFindings, LeaveAComponentAloneThatTheVariableOfAnArgumentHas)
+{
+    EXPECT_THAT(check("Value = average@Inlet(Velocity{z}), average@Inlet(Reynolds Stress{xy}), "
+                      "average@Inlet(Velocity), average@Inlet(Velocity{z:Rotor Frame})\n")
+                    .findings,
+                IsEmpty());
+}
+
+TEST(ExpressionFindings, TellOfACoordinateFrameOfAFunctionThatDoesNotExist)
+{
+    EXPECT_THAT(check("Value = force{x:Rotor Frame}@Inlet()\n").findings, IsEmpty());
+    EXPECT_THAT(
+        check("Value = force{x:Rotor}@Inlet()\n").findings,
+        ElementsAre(FoundAt(k_line, 9, "unknown-coordinate-frame",
+                            "There is no coordinate frame 'Rotor', as in 'force{x:Rotor}'. Expected an "
+                            "object '/LIBRARY/COORDINATE FRAME:Rotor'.")));
+}
+
 TEST(ExpressionFindings, TellOfACoordinateFrameThatDoesNotExist)
 {
     EXPECT_THAT(
