@@ -12,8 +12,7 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace qen {
@@ -65,7 +64,9 @@ public:
     class SharedValueSet {
     public:
         SharedValueSet() = default;
-        SharedValueSet(const ValueSet& p_values) : SharedValueSet(ValueList(p_values.begin(), p_values.end()))
+        SharedValueSet(const ValueSet& p_values)
+            : m_values(p_values.empty() ? nullptr
+                                        : std::make_shared<const ValueList>(p_values.begin(), p_values.end()))
         {}
         operator ValueSet() const { return {begin(), end()}; }
 
@@ -81,12 +82,6 @@ public:
         bool operator==(const SharedValueSet& p_other) const { return inOrder() == p_other.inOrder(); }
 
     private:
-        friend class PreVariableDefStore;
-
-        explicit SharedValueSet(ValueList p_inOrder)
-            : m_values(p_inOrder.empty() ? nullptr : std::make_shared<const ValueList>(std::move(p_inOrder)))
-        {}
-
         QEN_PREVARIABLES_API static const ValueList& noValues();
 
         std::shared_ptr<const ValueList> m_values;    // null for no values
@@ -342,30 +337,15 @@ private:
         std::uint32_t valuePlus1 = 0;
     };
 
-    // Finds shared sets by their values in order.
-    struct HashOfValues {
-        using is_transparent = void;
-
-        std::size_t operator()(const ValueList& p_inOrder) const;
-        std::size_t operator()(const SharedValueSet& p_set) const { return (*this)(p_set.inOrder()); }
-    };
-
-    struct SameValues {
-        using is_transparent = void;
-
-        bool operator()(const SharedValueSet& p_left, const SharedValueSet& p_right) const
-        {
-            return p_left == p_right;
-        }
-        bool operator()(const ValueList& p_inOrder, const SharedValueSet& p_set) const
-        {
-            return p_inOrder == p_set.inOrder();
-        }
+    // What a list of keywords was read as.
+    struct KeptKeywords {
+        ValueList inOrderOfText;
+        SharedValueSet values;
     };
 
     bool isTensorType(ValueIndex p_value) const;
     ValueIndex addLikeBefore(const std::string& p_text, ValueIndex VarDefData::*p_field);
-    SharedValueSet addSharedValues(const std::vector<std::string>& p_texts, ValueList& p_scratch);
+    SharedValueSet addKeywords(const std::string& p_list);
     void checkComponentCounts(const std::string& p_name, const VarDefData& p_record) const;
     void addComponentDefinitions(VarDefData p_variable);
     void registerNames(const VarDefData& p_record);
@@ -387,11 +367,10 @@ private:
     std::deque<VarDefData> m_records;                      // stay where they are
     mutable std::vector<std::string> m_shortNamesCache;    // empty until asked for
     std::vector<Value> m_values;
-    std::vector<Slot> m_slots;    // a power of two, at most half of them taken
-    std::unordered_set<SharedValueSet, HashOfValues, SameValues>
-        m_sharedSets;                                       // of definitions that were read
-    std::map<std::string, Operator> m_operators;            // by either name
-    mutable std::set<std::string> m_solverInternalNames;    // empty until asked for
+    std::vector<Slot> m_slots;                                   // a power of two, at most half of them taken
+    std::unordered_map<std::string, KeptKeywords> m_keywords;    // by the list's text
+    std::map<std::string, Operator> m_operators;                 // by either name
+    mutable std::set<std::string> m_solverInternalNames;         // empty until asked for
 
     // Of the values that every store begins with. Behind the table, which their construction fills.
     ValueIndex m_scalarIdx;

@@ -61,6 +61,21 @@ TEST_F(DefinitionTexts, OfAVectorAreEightListsAndASwitch)
                                              "stringToVector(Old u,Old v,Old w)", "stringToBool(F)"));
 }
 
+TEST_F(DefinitionTexts, AreKeptAsTheHostSplitsThemEachTime)
+{
+    m_store.addVariableDefinition("TEMP", scalar({{"Variable Scope", "PHASE, GLOBAL, PHASE"}}));
+    m_texts.splitsWithoutTrimming();
+    m_store.addVariableDefinition("PRES", scalar({{"Variable Scope", "PHASE, GLOBAL, PHASE"}}));
+    m_store.addVariableDefinition("DENS", scalar({{"Variable Scope", "PHASE, GLOBAL, PHASE"}}));
+
+    const auto scope = [&](const char* p_name) {
+        return m_store.getVarDefDataVec(p_name, PreVariableDefStore::VARIABLE_SCOPE);
+    };
+    EXPECT_THAT(scope("TEMP"), ElementsAre("PHASE", "GLOBAL"));
+    EXPECT_THAT(scope("PRES"), ElementsAre("PHASE", " GLOBAL", " PHASE"));
+    EXPECT_THAT(scope("DENS"), ElementsAre("PHASE", " GLOBAL", " PHASE"));
+}
+
 TEST_F(DefinitionTexts, OfASecondDefinitionAreReadAgainThoughTheyAreTheSame)
 {
     m_store.addVariableDefinition("TEMP", withKeywords(scalar()));

@@ -116,35 +116,6 @@ const PreVariableDefStore::ValueList& PreVariableDefStore::SharedValueSet::noVal
     return k_none;
 }
 
-std::size_t PreVariableDefStore::HashOfValues::operator()(const ValueList& p_inOrder) const
-{
-    // FNV-1a, a value at a time: Fowler, Noll and Vo, "FNV hash", 1991.
-    std::uint64_t hash = 0xCBF29CE484222325;
-    for (const ValueIndex value : p_inOrder)
-        hash = (hash ^ value) * 0x100000001B3;
-    return hash;
-}
-
-/// Interns texts as addValues() does.
-///
-/// @param p_scratch  Overwritten; taken along from one set to the next, so that its memory is taken once.
-PreVariableDefStore::SharedValueSet
-PreVariableDefStore::addSharedValues(const std::vector<std::string>& p_texts, ValueList& p_scratch)
-{
-    if (p_texts.empty())
-        return {};
-
-    p_scratch.clear();
-    for (const std::string& text : p_texts)
-        p_scratch.push_back(addValue(text));
-    std::ranges::sort(p_scratch);
-    p_scratch.erase(std::unique(p_scratch.begin(), p_scratch.end()), p_scratch.end());
-
-    const auto known = m_sharedSets.find(p_scratch);
-    return known != m_sharedSets.end() ? *known
-                                       : *m_sharedSets.insert(SharedValueSet(ValueList(p_scratch))).first;
-}
-
 PreVariableDefStore::ValueList PreVariableDefStore::addValuesVec(const std::vector<std::string>& p_texts)
 {
     ValueList values;

@@ -64,15 +64,16 @@ public:
         m_texts.fill(&k_none);
         const auto* field = k_fieldsByKey.begin();
         for (const auto& [key, text] : p_parameters)
-        {
-            int order = 1;
-            while (field != k_fieldsByKey.end() && (order = field->key.compare(key)) < 0)
-                ++field;
-            if (field == k_fieldsByKey.end())
-                return;
-            if (order == 0)
-                m_texts[static_cast<std::size_t>((field++)->field)] = &text;
-        }
+            for (; field != k_fieldsByKey.end(); ++field)
+            {
+                if (field->key == key)    // mostly, since definitions mostly have them all
+                {
+                    m_texts[static_cast<std::size_t>((field++)->field)] = &text;
+                    break;
+                }
+                if (key < field->key)
+                    break;
+            }
     }
 
     const std::string& operator[](Store::VarDefField p_field) const
@@ -127,10 +128,8 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
         return;
     }
 
-    ValueList scratch;
     for (const VarDefField field : k_keywords)
-        record.*memberOf<SetMember>(field) =
-            addSharedValues(StringUtilities::stringToVector(texts[field], ','), scratch);
+        record.*memberOf<SetMember>(field) = addKeywords(texts[field]);
 
     if (record.tensorType != m_scalarIdx)    // a scalar's component keys are not even read
     {
@@ -166,6 +165,26 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     }
     registerNames(record);
     m_records.push_back(std::move(record));
+}
+
+/// Splits a list and interns its pieces as a set. Definitions have the same few lists again and again: those that the
+/// host splits as before are not interned piece by piece.
+PreVariableDefStore::SharedValueSet PreVariableDefStore::addKeywords(const std::string& p_list)
+{
+    const std::vector<std::string> pieces = StringUtilities::stringToVector(p_list, ',');
+    if (pieces.empty())
+        return {};
+
+    KeptKeywords& kept = m_keywords[p_list];
+    const auto isText = [&](ValueIndex p_value, const std::string& p_text) {
+        return fieldValue(p_value) == p_text;
+    };
+    if (!std::ranges::equal(kept.inOrderOfText, pieces, isText))
+    {
+        kept.inOrderOfText = addValuesVec(pieces);
+        kept.values = ValueSet(kept.inOrderOfText.begin(), kept.inOrderOfText.end());
+    }
+    return kept.values;
 }
 
 /// Interns a text that mostly is the one which the record before has in the same field.
