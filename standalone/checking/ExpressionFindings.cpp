@@ -144,7 +144,8 @@ private:
             Tensor {"a vector", 1, "one letter at most"},
             Tensor {"a symmetric tensor", 2, "two letters at most"},
         };
-        const Tensor& tensor = k_tensors.at(m_definitions.variables().getTensorType(root->name()));
+        const Tensor& tensor =
+            k_tensors.at(static_cast<std::size_t>(m_definitions.variables().getTensorType(root->name())));
         if (root->selector().size() > tensor.letters)
             add(p_argument.range, "unknown-component",
                 "The variable '" + root->name() + "' is " + tensor.name + " and has no component '" +
