@@ -257,6 +257,21 @@ TEST_F(CopyOfAStore, LivesOnItsOwn)
     EXPECT_THAT(valuesReadInto(copy), ElementsAre("TEMP", "PRES"));
 }
 
+TEST_F(CopyOfAStore, HasTheListOfNamesAsItStands)
+{
+    // Given a list that a finished record has left behind
+    m_store.addVariableDefinition("TEMP", scalar());
+    ASSERT_THAT(m_store.getAllVariableShortNames(), ElementsAre("TEMP"));
+    PreVariableDefStore::VarDefData record;
+    record.shortName = m_store.addValue("PRES");
+    m_store.doAddVariableDefinition(record);
+
+    const PreVariableDefStore copy = m_store;
+
+    EXPECT_THAT(copy.getAllVariableShortNames(), ElementsAre("TEMP"));
+    EXPECT_TRUE(copy.hasVariable("PRES"));
+}
+
 TEST_F(CopyOfAStore, OutlivesTheOriginal)
 {
     PreVariableDefStore copy;
