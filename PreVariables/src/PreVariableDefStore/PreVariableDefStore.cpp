@@ -121,7 +121,7 @@ PreVariableDefStore::ValueList PreVariableDefStore::addValuesVec(const std::vect
     ValueList values;
     values.reserve(p_texts.size());
     for (const std::string& text : p_texts)
-        values.push_back(expectValue(text));
+        values.push_back(expectValue(text));    // the hash, until the text is interned
     for (std::size_t i = 0; i < p_texts.size(); ++i)
         values[i] = addExpectedValue(p_texts[i], values[i]);
     return values;

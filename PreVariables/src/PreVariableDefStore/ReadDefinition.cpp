@@ -108,6 +108,7 @@ void PreVariableDefStore::addVariableDefinition(const std::string& p_name, const
     const auto nameIn = [&](VarDefField p_field) -> const std::string& {
         return p_field == SHORT_NAME ? name : texts[p_field];
     };
+    // Until a name is interned its place holds the hash.
     for (const VarDefField field : k_names)
         record.*memberOf<ValueMember>(field) = expectValue(nameIn(field));
     for (const VarDefField field : k_names)
