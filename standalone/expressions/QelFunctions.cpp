@@ -123,23 +123,9 @@ constexpr auto k_constantIndex = indexed(k_constants);
 
 }
 
-std::vector<std::string> functionNames()
-{
-    std::vector<std::string> names;
-    names.reserve(k_functions.size());
-    for (const Function& function : k_functions)
-        names.emplace_back(function.name);
-    return names;
-}
+std::span<const Function> functions() { return k_functions; }
 
-std::vector<std::string> constantNames()
-{
-    std::vector<std::string> names;
-    names.reserve(k_constants.size());
-    for (const Constant& constant : k_constants)
-        names.emplace_back(constant.name);
-    return names;
-}
+std::span<const Constant> constants() { return k_constants; }
 
 const Function* findFunction(std::string_view p_name)
 {

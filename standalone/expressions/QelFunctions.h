@@ -3,9 +3,8 @@
 #include "UnitDimensions.h"
 
 #include <cstdint>
-#include <string>
+#include <span>
 #include <string_view>
-#include <vector>
 
 /// @file
 /// The functions of mathematics and the constants of the expression language.
@@ -33,9 +32,7 @@ struct Function {
     double (*value)(double, double, double);    // of two or more: folds them from the left
 };
 
-/// The names of all functions and constants, for suggestions.
-std::vector<std::string> functionNames();
-std::vector<std::string> constantNames();
+std::span<const Function> functions();
 
 /// The function of that name; null when there is none.
 const Function* findFunction(std::string_view p_name);
@@ -45,6 +42,8 @@ struct Constant {
     double value;
     float dims[UnitDimensions::k_count];
 };
+
+std::span<const Constant> constants();
 
 /// The constant of that name; null when there is none.
 const Constant* findConstant(std::string_view p_name);

@@ -187,38 +187,40 @@ std::string Names::nearestValue(std::string_view p_name) const
         kept.compareIn(search);
     }
 
-    std::vector<std::string> others = constantNames();
+    std::vector<std::string_view> others;
+    const auto add = [&](std::string_view p_other) {
+        if (search.mayBeNear(p_other))
+            others.push_back(p_other);
+    };
+    std::ranges::for_each(constants(), add, &Constant::name);
+    std::vector<std::string> additional;
     if (m_world.model)
     {
-        const std::vector<std::string> additional =
-            m_world.model->childNames("/LIBRARY", "ADDITIONAL VARIABLE");
-        others.insert(others.end(), additional.begin(), additional.end());
-        const ModelTree::Object* const expressions = m_world.model->find(k_expressionsPath);
-        if (expressions && expressions->parameters.size() <= k_suggestedNames)
+        additional = m_world.model->childNames("/LIBRARY", "ADDITIONAL VARIABLE");
+        std::ranges::for_each(additional, add);
+        if (const ModelTree::Object* const expressions = m_world.model->find(k_expressionsPath))
         {
-            const std::vector<std::string> names = expressions->parameterNames();
-            others.insert(others.end(), names.begin(), names.end());
+            expressions->childrenOf({std::string_view()});    // that which parameters there are is looked at
+            if (expressions->parameters.size() <= k_suggestedNames)
+                std::ranges::for_each(expressions->parameters, add, &ModelTree::Parameter::name);
         }
-        else if (expressions)
-            expressions->childrenOf({std::string_view()});    // that which parameters there are was looked at
     }
     // Of two that are as near the first counts: not that of the model's order, which tells nothing.
-    std::erase_if(others, [&](const std::string& p_other) { return !search.mayBeNear(p_other); });
     std::ranges::sort(others);
-    for (const std::string& other : others)
+    for (const std::string_view other : others)
         search.compare(other);
     return std::string(search.nearest());
 }
 
 std::string Names::nearestFunction(std::string_view p_name) const
 {
-    std::vector<std::string> known = functionNames();
+    NameSearch search(p_name);
+    for (const Function& function : functions())
+        search.compare(function.name);
     if (m_world.callbacks)
-    {
-        const std::vector<std::string>& callbacks = m_world.callbacks->getCBNames();
-        known.insert(known.end(), callbacks.begin(), callbacks.end());
-    }
-    return nearestName(p_name, std::move(known));
+        for (const std::string& callback : m_world.callbacks->getCBNames())
+            search.compare(callback);
+    return std::string(search.nearest());
 }
 
 const ModelTree::Parameter* Names::namedExpression(std::string_view p_name) const

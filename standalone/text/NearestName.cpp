@@ -27,11 +27,11 @@ std::uint64_t lettersOf(std::string_view p_text)
     return once | (twice << 32U);
 }
 
-/// Whether there are more bits than that. Few are, where it is asked.
+/// Whether there are more bits than that. Mostly there are, where it is asked.
 bool hasMoreThan(std::size_t p_count, std::uint64_t p_bits)
 {
-    for (; p_bits != 0 && p_count != 0; --p_count)
-        p_bits &= p_bits - 1;
+    for (; p_count != 0; --p_count)
+        p_bits &= p_bits - 1;    // without the lowest one; of none, none
     return p_bits != 0;
 }
 
@@ -126,14 +126,17 @@ void KnownNames::compareIn(NameSearch& p_search) const
 
     std::size_t place = m_names.size();    // of the nearest, where it is one of these
     const auto compareSize = [&](std::size_t p_size) {
-        if (p_size + 1 >= m_bySize.size())
+        // What makes the text longer only brings letters in, what makes it shorter only takes some away.
+        const std::size_t longer = p_size > p_search.m_size ? p_size - p_search.m_size : 0;
+        const std::size_t shorter = p_size < p_search.m_size ? p_search.m_size - p_size : 0;
+        if (p_size + 1 >= m_bySize.size() || longer > p_search.m_most || shorter > p_search.m_most)
             return;
         for (std::size_t i = m_bySize[p_size]; i < m_bySize[p_size + 1]; ++i)
         {
             const Entry& entry = m_entries[i];
-            // An edit takes one of the letters away and brings one in, at most.
-            if (hasMoreThan(p_search.m_most, p_search.m_letters & ~entry.letters) ||
-                hasMoreThan(p_search.m_most, entry.letters & ~p_search.m_letters))
+            // Any other edit takes one letter away and brings one in, at most.
+            if (hasMoreThan(p_search.m_most - longer, p_search.m_letters & ~entry.letters) ||
+                hasMoreThan(p_search.m_most - shorter, entry.letters & ~p_search.m_letters))
                 continue;
             const std::size_t distance = p_search.edits(m_names[entry.place], p_search.m_most);
             const bool isFirst =
