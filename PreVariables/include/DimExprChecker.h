@@ -4,6 +4,7 @@
 #include "PreVariablesApi.h"
 #include "VariablePrefixInfo.h"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <set>
@@ -87,8 +88,8 @@ private:
     // The order of the steps for one expression.
     bool readExpression(const std::string& p_paramName, const std::string& p_expression,
                         UnitDimensions& p_dims);
-    void checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
-                            const std::string& p_expression);
+    inline void checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
+                                   const std::string& p_expression);
     template <class Check>
     bool passes(const std::string& p_objectPath, const std::string& p_paramName, bool p_recordErrors,
                 const Check& p_check);
@@ -98,6 +99,11 @@ private:
     const std::set<std::string>& getAllParamsInRules() const;
 
     // Units and bounds.
+    enum class UnitsFault : std::uint8_t;
+    UnitsFault unitsFault(const std::string& p_objectPath, const std::string& p_paramName,
+                          const std::string& p_units, bool p_fromExpression);
+    inline void checkUnits(const std::string& p_objectPath, const std::string& p_paramName,
+                           const std::string& p_units, bool p_fromExpression);
     void checkParamNumericImpl(const std::string& p_objectPath, const std::string& p_paramName, float p_value,
                                const std::string& p_units);
     void checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,

@@ -24,6 +24,31 @@ using standalone::QelResult;
     throw expressions::error("ExpressionEvaluator", p_method, std::move(p_message), ErrorTypeError);
 }
 
+// What is wrong with the expression that was read last, where something is. It stands here, so that the exception
+// passes a frame in which there is nothing to destroy: that would cost as much as half a throw.
+thread_local std::string t_problem;
+
+// Whether the expression is good.
+[[gnu::noinline]] bool read(const std::string& p_expression, std::vector<std::string>& p_variables,
+                            std::vector<CallbackInfo>& p_callbacks, UnitDimensions& p_dims)
+{
+    QelResult result = standalone::analyseExpression(p_expression, standalone::currentWorld());
+    if (result.error)
+    {
+        t_problem = std::move(result.error->message);
+        return false;
+    }
+    p_variables = std::move(result.variables);
+    p_callbacks = std::move(result.callbacks);
+    p_dims = result.dims;
+    return true;
+}
+
+[[gnu::noinline]] expressions::error notRead(const char* p_method)
+{
+    return {"ExpressionEvaluator", p_method, std::move(t_problem), ErrorTypeError};
+}
+
 }
 
 // The name of the parameter adds nothing: whoever catches the error knows it.
@@ -32,12 +57,8 @@ void ExpressionEvaluator::getVariablesAndCallbacks(const std::string& p_expressi
                                                    std::vector<CallbackInfo>& p_callbacks,
                                                    UnitDimensions& p_dims, const std::string&)
 {
-    QelResult result = standalone::analyseExpression(p_expression, standalone::currentWorld());
-    if (result.error)
-        raise("getVariablesAndCallbacks", std::move(result.error->message));
-    p_variables = std::move(result.variables);
-    p_callbacks = std::move(result.callbacks);
-    p_dims = result.dims;
+    if (!read(p_expression, p_variables, p_callbacks, p_dims))
+        throw notRead("getVariablesAndCallbacks");
 }
 
 Quantity ExpressionEvaluator::evalSingleValue(const std::string& p_expression, const std::string&)

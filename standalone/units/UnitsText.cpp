@@ -35,7 +35,7 @@ std::string words(const UnitsTextFault& p_fault, std::string_view p_text)
     case UnitsFault::MissingBlank:
         return fmt::format("a blank is missing before {}", quoted(piece));
     case UnitsFault::UnknownUnit:
-        return fmt::format("unit {} is not known", quoted(piece));
+        return "unit " + quoted(piece) + " is not known";
     case UnitsFault::DimensionTooLarge:
         return fmt::format("the units multiply to a dimension with an exponent beyond {}", k_maxExponent);
     case UnitsFault::FactorOutOfRange:
@@ -67,7 +67,7 @@ std::string quoted(std::string_view p_text)
 
 std::string describe(const UnitsTextFault& p_fault, std::string_view p_text)
 {
-    return fmt::format("column {}: {}", p_fault.offset + 1, words(p_fault, p_text));
+    return "column " + std::to_string(p_fault.offset + 1) + ": " + words(p_fault, p_text);
 }
 
 bool isUnitName(std::string_view p_text)

@@ -4,6 +4,7 @@
 #include "ExprParamRules.h"
 #include "Gathered.h"
 #include "MessageCatalogue.h"
+#include "UnitsFault.h"
 
 #include "ExpressionEvaluator.h"
 #include "ExpressionsError.h"
@@ -63,10 +64,13 @@ bool DimExprChecker::checkParam(const std::string& p_objectPath, const std::stri
     return checkParamExpression(p_objectPath, p_paramName, p_value);
 }
 
-bool DimExprChecker::checkParamExpression(const std::string& p_objectPath, const std::string& p_paramName,
-                                          const std::string& p_value)
+// Not within `checkParam`: with one caller only, the checks are put into the function that catches what they raise, and
+// exceptions pass a frame less.
+[[gnu::noinline]] bool DimExprChecker::checkParamExpression(const std::string& p_objectPath,
+                                                            const std::string& p_paramName,
+                                                            const std::string& p_value)
 {
-    return passes(p_objectPath, p_paramName, true, [&] {
+    return passes(p_objectPath, p_paramName, true, [&]() __attribute__((always_inline)) {
         if (p_objectPath == k_expressionLibrary)
             checkLibraryExpr(p_paramName, p_value);
         else
@@ -78,7 +82,7 @@ bool DimExprChecker::checkParamNumeric(const std::string& p_objectPath, const st
                                        float p_value, const std::string& p_units, bool p_recordErrors)
 {
     return passes(p_objectPath, p_paramName, p_recordErrors, [&] {
-        checkParamUnits(p_objectPath, p_paramName, p_units, false);
+        checkUnits(p_objectPath, p_paramName, p_units, false);
         checkParamBounds(p_objectPath, p_paramName, p_value, p_units);
     });
 }
@@ -141,8 +145,9 @@ bool DimExprChecker::passes(const std::string& p_objectPath, const std::string& 
     return false;
 }
 
-void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const std::string& p_paramName,
-                                        const std::string& p_expression)
+[[gnu::always_inline]] inline void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath,
+                                                                      const std::string& p_paramName,
+                                                                      const std::string& p_expression)
 {
     UnitDimensions dims;
     if (!readExpression(p_paramName, p_expression, dims))
@@ -152,7 +157,7 @@ void DimExprChecker::checkParamExprImpl(const std::string& p_objectPath, const s
     if (!expressionKind)
     {
         m_gathered->units = UnitsConverter::instance().getBaseUnitName(dims);
-        checkParamUnits(p_objectPath, p_paramName, m_gathered->units, true);
+        checkUnits(p_objectPath, p_paramName, m_gathered->units, true);
     }
 
     const bool singleValued = m_rules->isSingleValued(p_objectPath, p_paramName, m_model);

@@ -3,6 +3,7 @@
 #include "ExprParamRules.h"
 #include "Gathered.h"
 #include "MessageCatalogue.h"
+#include "UnitsFault.h"
 #include "UnitsTolerance.h"
 
 #include "ModelQCL.h"
@@ -19,7 +20,6 @@ namespace qen {
 
 using messages::Msg;
 using messages::raise;
-using messages::ShownUnits;
 
 namespace {
 
@@ -81,11 +81,18 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
 void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std::string& p_paramName,
                                      const std::string& p_units, bool p_fromExpression)
 {
+    checkUnits(p_objectPath, p_paramName, p_units, p_fromExpression);
+}
+
+DimExprChecker::UnitsFault DimExprChecker::unitsFault(const std::string& p_objectPath,
+                                                      const std::string& p_paramName,
+                                                      const std::string& p_units, bool p_fromExpression)
+{
     std::string& quantity = m_gathered->quantity;
     quantity.clear();
     const int mode = m_quantityModifier->quantityMode(m_model, p_objectPath, p_paramName, quantity);
     if (quantity.empty())
-        return;
+        return UnitsFault::None;
 
     const bool dynamic = mode == k_dynamicMode;
     std::string& expected = m_gathered->expectedUnits;
@@ -102,28 +109,25 @@ void DimExprChecker::checkParamUnits(const std::string& p_objectPath, const std:
         }
         catch (const units::error&)
         {
-            return;    // a quantity that the host does not know cannot be judged
+            return UnitsFault::None;    // a quantity that the host does not know cannot be judged
         }
     }
 
     if (!understands(converter, p_units))
-        raise<Msg::UnrecognisedUnits>(ShownUnits {p_units}, p_paramName, p_objectPath);
+        return UnitsFault::Unrecognised;
 
     float converted = 0.0F;
     if (converter.convertUnits(p_units, expected, 0.0F, converted, true))
-        return;
+        return UnitsFault::None;
 
     const double tolerance = unitsTolerance();    // read even when the host throws at the units
     const UnitDimensions expectedDims = converter.dimsFromUnits(expected);
     if (agreeButForAngle(expectedDims, converter.dimsFromUnits(p_units), tolerance))
-        return;
+        return UnitsFault::None;
 
     if (p_fromExpression)
-        raise<Msg::WrongExpressionUnits>(ShownUnits {p_units}, p_paramName, p_objectPath,
-                                         ShownUnits {expected});
-    if (dynamic)
-        raise<Msg::WrongDynamicUnits>(ShownUnits {p_units}, p_paramName, p_objectPath, ShownUnits {expected});
-    raise<Msg::WrongUnits>(ShownUnits {p_units}, p_paramName, p_objectPath, ShownUnits {expected});
+        return UnitsFault::WrongOfExpression;
+    return dynamic ? UnitsFault::WrongDynamic : UnitsFault::Wrong;
 }
 
 void DimExprChecker::checkParamBounds(const std::string& p_objectPath, const std::string& p_paramName,
