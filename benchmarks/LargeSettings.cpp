@@ -33,7 +33,7 @@ void addNeededVariables(PreVariableDefStore& p_store)
             continue;
         Parameters parameters;
         for (const auto& parameter : object.parameters)
-            parameters.emplace(parameter.name, parameter.value);
+            parameters.emplace(parameter.name(), parameter.value());
         p_store.addVariableDefinition(name, parameters);
         ++found;
     }

@@ -40,7 +40,7 @@ public:
                 continue;
             std::map<std::string, std::string> parameters;
             for (const QclParameter& parameter : object.parameters)
-                parameters.emplace(parameter.name, parameter.value);
+                parameters.emplace(parameter.name(), parameter.value());
             variables.addVariableDefinition(object.path.substr(k_type.size()), parameters);
         }
         world.units = &units;

@@ -39,11 +39,11 @@ std::string_view textAt(const QclDocument& p_document, const SourcePlace& p_plac
 
 void checkParameter(const QclDocument& p_document, const QclParameter& p_parameter, const QclLimits& p_limits)
 {
-    require(textAt(p_document, p_parameter.place).starts_with(p_parameter.name),
+    require(textAt(p_document, p_parameter.place()).starts_with(p_parameter.name()),
             "a name stands at its place");
-    require(!p_parameter.name.empty() && p_parameter.name.size() <= p_limits.nameBytes,
+    require(!p_parameter.name().empty() && p_parameter.name().size() <= p_limits.nameBytes,
             "a name keeps its limit");
-    require(p_parameter.value.size() <= p_limits.valueBytes, "a value keeps its limit");
+    require(p_parameter.value().size() <= p_limits.valueBytes, "a value keeps its limit");
     const std::vector<QclParameter::Piece> pieces = p_parameter.pieces();
     require(!pieces.empty() && pieces.front().offset == 0, "a value has a first piece");
 
@@ -52,18 +52,18 @@ void checkParameter(const QclDocument& p_document, const QclParameter& p_paramet
     {
         const QclParameter::Piece& piece = pieces[number];
         const std::size_t end =
-            number + 1 < pieces.size() ? pieces[number + 1].offset : p_parameter.value.size();
+            number + 1 < pieces.size() ? pieces[number + 1].offset : p_parameter.value().size();
         require(piece.offset <= end, "pieces stand in order");
         const std::string_view text = textAt(p_document, piece.place);
         require(end - piece.offset <= text.size(), "a piece ends on its line");
         reassembled += text.substr(0, end - piece.offset);
     }
-    require(reassembled == p_parameter.value, "the pieces make up the value");
+    require(reassembled == p_parameter.value(), "the pieces make up the value");
 
-    for (std::size_t offset = 0; offset < p_parameter.value.size(); ++offset)
-        require(textAt(p_document, p_parameter.placeInValue(offset)).starts_with(p_parameter.value[offset]),
+    for (std::size_t offset = 0; offset < p_parameter.value().size(); ++offset)
+        require(textAt(p_document, p_parameter.placeInValue(offset)).starts_with(p_parameter.value()[offset]),
                 "each byte of a value stands at its place");
-    textAt(p_document, p_parameter.placeInValue(p_parameter.value.size()));
+    textAt(p_document, p_parameter.placeInValue(p_parameter.value().size()));
 }
 
 void checkDocument(const QclDocument& p_document, const QclLimits& p_limits)
@@ -80,7 +80,7 @@ void checkDocument(const QclDocument& p_document, const QclLimits& p_limits)
         std::set<std::string_view> names;
         for (const QclParameter& parameter : object.parameters)
         {
-            require(names.insert(parameter.name).second, "a parameter has one entry");
+            require(names.insert(parameter.name()).second, "a parameter has one entry");
             checkParameter(p_document, parameter, p_limits);
         }
     }

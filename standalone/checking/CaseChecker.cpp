@@ -31,9 +31,9 @@ CaseReport checkCase(const QclDocument& p_case, const Definitions& p_definitions
     for (const QclObject& object : p_case.objects)
         for (const QclParameter& parameter : object.parameters)
             parameters.push_back(
-                {{object.path, std::string(parameter.name), std::string(parameter.value)},
+                {{object.path, std::string(parameter.name()), std::string(parameter.value())},
                  results.isKnownPath(object.path),
-                 !tooLong.empty() && tooLong.contains({object.path, std::string(parameter.name)})});
+                 !tooLong.empty() && tooLong.contains({object.path, std::string(parameter.name())})});
 
     std::size_t followed = 0;
     CheckedParameters checked = checkParameters(world, parameters, [&] {

@@ -16,8 +16,8 @@ Finding placed(const ParameterFinding& p_finding, const QclParameter& p_paramete
         return finding;
     }
     if (p_finding.at == ParameterFinding::At::Name)
-        return toFinding({p_finding.severity, p_finding.identifier, p_finding.message, p_parameter.place,
-                          static_cast<std::uint32_t>(p_parameter.name.size())},
+        return toFinding({p_finding.severity, p_finding.identifier, p_finding.message, p_parameter.place(),
+                          static_cast<std::uint32_t>(p_parameter.name().size())},
                          p_case);
 
     Finding finding = toFinding({p_finding.severity, p_finding.identifier, p_finding.message,

@@ -75,11 +75,11 @@ struct CaseFollower::Impl final : private ModelObserver {
             if (ofObject == names.end())
                 continue;
             for (const QclParameter& parameter : object.parameters)
-                if (ofObject->second.contains(parameter.name))
+                if (ofObject->second.contains(parameter.name()))
                     parameters.push_back(
-                        {{object.path, std::string(parameter.name), std::string(parameter.value)},
+                        {{object.path, std::string(parameter.name()), std::string(parameter.value())},
                          results.isKnownPath(object.path),
-                         !tooLong.empty() && tooLong.contains({object.path, std::string(parameter.name)})});
+                         !tooLong.empty() && tooLong.contains({object.path, std::string(parameter.name())})});
             names.erase(ofObject);
         }
         return parameters;

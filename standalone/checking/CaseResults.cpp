@@ -32,11 +32,11 @@ public:
     /// Whether a problem stands on a line of the parameter, or on one on which its value continues.
     bool include(const QclParameter& p_parameter) const
     {
-        const SourceFile& file = m_text.files[p_parameter.place.file];
-        SourcePlace end = p_parameter.place;
+        const SourceFile& file = m_text.files[p_parameter.place().file];
+        SourcePlace end = p_parameter.place();
         while (continues(file.line(end.line)))
             ++end.line;
-        const SourcePlace begin {p_parameter.place.file, p_parameter.place.line, 0};
+        const SourcePlace begin {p_parameter.place().file, p_parameter.place().line, 0};
         const auto first = std::ranges::lower_bound(m_problems, begin);
         return first != m_problems.end() && first->file == end.file && first->line <= end.line;
     }
@@ -181,7 +181,7 @@ void CaseResults::addParameters(const QclDocument& p_text, std::vector<Finding>&
         if (results == m_parameters.end())
             continue;
         for (const QclParameter& parameter : object.parameters)
-            if (const auto found = results->second.find(std::string(parameter.name));
+            if (const auto found = results->second.find(std::string(parameter.name()));
                 found != results->second.end())
                 for (const ParameterFinding& finding : found->second)
                     if (!isOfNoValue(finding) || !refused.include(parameter))

@@ -11,10 +11,11 @@ void ListBudget::take(const QclObject& p_object)
     forget(p_object.path);
     std::vector<List> lists;
     for (const QclParameter& parameter : p_object.parameters)
-        if (const auto commas = std::count(parameter.value.begin(), parameter.value.end(), ','); commas != 0)
+        if (const auto commas = std::count(parameter.value().begin(), parameter.value().end(), ',');
+            commas != 0)
         {
-            lists.push_back({std::string(parameter.name),
-                             (static_cast<std::size_t>(commas) + 1) * parameter.value.size()});
+            lists.push_back({std::string(parameter.name()),
+                             (static_cast<std::size_t>(commas) + 1) * parameter.value().size()});
             m_bytes += lists.back().bytes;
         }
     if (!lists.empty())

@@ -116,12 +116,12 @@ std::string_view keyOf(const std::string& p_message, const CatalogueDefinition& 
     std::string_view quoted;
     for (const QclParameter& parameter : p_definition.section->parameters)
     {
-        if (parameter.value.empty() || parameter.value == p_definition.name ||
-            (!quotes(p_message, parameter.value) && !quotes(p_message, withoutBrackets(parameter.value))))
+        if (parameter.value().empty() || parameter.value() == p_definition.name ||
+            (!quotes(p_message, parameter.value()) && !quotes(p_message, withoutBrackets(parameter.value()))))
             continue;
         if (!quoted.empty())
             return {};
-        quoted = parameter.name;
+        quoted = parameter.name();
     }
     return quoted;
 }
@@ -133,17 +133,18 @@ bool checkKeys(const CatalogueDefinition& p_definition, std::vector<Finding>& p_
     const std::span<const std::string_view> keys = formOf(p_definition.kind).keys;
     for (const QclParameter& parameter : p_definition.section->parameters)
     {
-        if (std::binary_search(keys.begin(), keys.end(), parameter.name))
+        if (std::binary_search(keys.begin(), keys.end(), parameter.name()))
             continue;
         allKnown = false;
-        std::string message = "Unknown key '" + std::string(parameter.name) + "' in the definition '" +
+        std::string message = "Unknown key '" + std::string(parameter.name()) + "' in the definition '" +
                               p_definition.section->path + "'.";
-        const std::string nearest = nearestName(parameter.name, {keys.begin(), keys.end()});
+        const std::string nearest = nearestName(parameter.name(), {keys.begin(), keys.end()});
         if (!nearest.empty())
             message += " Did you mean '" + nearest + "'?";
-        p_problems.push_back(toFinding({Severity::Error, "unknown-definition-key", std::move(message),
-                                        parameter.place, static_cast<std::uint32_t>(parameter.name.size())},
-                                       *p_definition.document));
+        p_problems.push_back(
+            toFinding({Severity::Error, "unknown-definition-key", std::move(message), parameter.place(),
+                       static_cast<std::uint32_t>(parameter.name().size())},
+                      *p_definition.document));
     }
     return allKnown;
 }
@@ -159,9 +160,9 @@ public:
         for (; taken < std::min(p_section.parameters.size(), m_inOrderOfText.size()); ++taken)
         {
             const QclParameter& parameter = p_section.parameters[taken];
-            if (parameter.name != m_inOrderOfText[taken]->first)
+            if (parameter.name() != m_inOrderOfText[taken]->first)
                 break;
-            m_inOrderOfText[taken]->second = parameter.value;
+            m_inOrderOfText[taken]->second = parameter.value();
         }
         if (taken == p_section.parameters.size() && taken == m_inOrderOfText.size())
             return true;
@@ -169,7 +170,7 @@ public:
         m_texts.clear();
         m_inOrderOfText.clear();
         for (const QclParameter& parameter : p_section.parameters)
-            m_inOrderOfText.push_back(m_texts.emplace(parameter.name, parameter.value).first);
+            m_inOrderOfText.push_back(m_texts.emplace(parameter.name(), parameter.value()).first);
         if (m_texts.size() != p_section.parameters.size())    // the first of two alike counts: exchange none
             m_inOrderOfText.clear();
         return false;
@@ -208,7 +209,7 @@ const DefinitionForm& formOf(DefinitionKind p_kind) { return k_forms[static_cast
 std::string_view CatalogueDefinition::text(std::string_view p_key) const
 {
     const QclParameter* const parameter = section->find(p_key);
-    return parameter ? std::string_view(parameter->value) : std::string_view();
+    return parameter ? parameter->value() : std::string_view();
 }
 
 std::vector<std::string> CatalogueDefinition::list(std::string_view p_key) const
@@ -231,7 +232,7 @@ Finding CatalogueDefinition::findingAt(std::string_view p_key, Severity p_severi
     if (!parameter)
         return finding(p_severity, std::move(p_identifier), std::move(p_message));
     return toFinding({p_severity, std::move(p_identifier), std::move(p_message), parameter->placeInValue(0),
-                      static_cast<std::uint32_t>(parameter->value.size())},
+                      static_cast<std::uint32_t>(parameter->value().size())},
                      *document);
 }
 

@@ -63,17 +63,17 @@ LintText valueOf(const LintSection& p_section, std::string_view p_key)
     const QclParameter* const parameter = p_section.object->find(p_key);
     if (!parameter)
         return {{}, p_section, p_section.object->place};
-    return {parameter->value, p_section, parameter->placeInValue(0)};
+    return {parameter->value(), p_section, parameter->placeInValue(0)};
 }
 
 std::vector<LintText> listOf(const LintSection& p_section, std::string_view p_key)
 {
     std::vector<LintText> pieces;
     const QclParameter* const parameter = p_section.object->find(p_key);
-    if (!parameter || trimmed(parameter->value).empty())
+    if (!parameter || trimmed(parameter->value()).empty())
         return pieces;
 
-    const std::string_view value = parameter->value;
+    const std::string_view value = parameter->value();
     for (std::size_t begin = 0; begin <= value.size();)
     {
         const std::size_t end = std::min(value.find(',', begin), value.size());

@@ -15,7 +15,7 @@ void LintReport::at(const LintSection& p_section, std::string_view p_key, std::s
 {
     const QclParameter* const parameter = p_section.object->find(p_key);
     if (parameter)
-        add(*p_section.document, parameter->placeInValue(0), parameter->value.size(), std::move(p_message));
+        add(*p_section.document, parameter->placeInValue(0), parameter->value().size(), std::move(p_message));
     else
         add(*p_section.document, p_section.object->place, p_section.object->path.size(),
             std::move(p_message));

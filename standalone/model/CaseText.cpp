@@ -51,12 +51,12 @@ void setParameters(ModelTree& p_model, const std::string& p_objectPath,
     if (!object)
         return;
     for (const QclParameter& parameter : p_parameters)
-        p_model.setParameter(p_objectPath, parameter.name, parameter.value);
+        p_model.setParameter(p_objectPath, parameter.name(), parameter.value());
     if (object->parameters.size() == p_parameters.size())
         return;
     std::unordered_set<std::string_view> names;
     for (const QclParameter& parameter : p_parameters)
-        names.insert(parameter.name);
+        names.insert(parameter.name());
     std::vector<std::string> doomed;
     for (const ModelTree::Parameter& parameter : object->parameters)
         if (!names.contains(parameter.name))

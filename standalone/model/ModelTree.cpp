@@ -151,7 +151,7 @@ ModelTree::ModelTree(const QclDocument& p_document) : ModelTree()
     {
         addObject(object.path);
         for (const QclParameter& parameter : object.parameters)
-            setParameter(object.path, parameter.name, parameter.value);
+            setParameter(object.path, parameter.name(), parameter.value());
     }
 }
 

@@ -126,7 +126,7 @@ void PhysicsReader::readQuery(const QclObject& p_text)
     // The query's own section is one of a condition when it has a key of one.
     const bool isOfQuery = path->condition.empty();
     const bool hasConditionKeys = std::ranges::any_of(
-        p_text.parameters, [](const QclParameter& p_key) { return p_key.name != "Answer"; });
+        p_text.parameters, [](const QclParameter& p_key) { return p_key.name() != "Answer"; });
     if (!isOfQuery || hasConditionKeys)
     {
         if (query.conditions.size() == k_mostConditions && !hasCondition(query, path->condition))
@@ -140,7 +140,7 @@ void PhysicsReader::readQuery(const QclObject& p_text)
         query.conditions[m_sections.back().condition].place = placeOf(p_text);
     }
     for (const QclParameter& key : p_text.parameters)
-        if (isOfQuery && key.name == "Answer")
+        if (isOfQuery && key.name() == "Answer")
             readAnswer(key, query);
         else
         {
@@ -153,27 +153,27 @@ void PhysicsReader::readQuery(const QclObject& p_text)
 
 void PhysicsReader::readKey(const QclParameter& p_key, const QclObject& p_text, PhysicsCondition& p_condition)
 {
-    if (p_key.name == "Object")
+    if (p_key.name() == "Object")
         readObject(p_key, p_condition.object);
-    else if (p_key.name == "Parameter")
-        p_condition.parameter = p_key.value;
-    else if (p_key.name == "Is")
+    else if (p_key.name() == "Parameter")
+        p_condition.parameter = p_key.value();
+    else if (p_key.name() == "Is")
         readTexts(p_key, p_condition.is);
-    else if (p_key.name == "Is Not")
+    else if (p_key.name() == "Is Not")
         readTexts(p_key, p_condition.isNot);
-    else if (p_key.name == "Logical")
+    else if (p_key.name() == "Logical")
         p_condition.logical = readYesNo(p_key, p_condition.logical);
-    else if (p_key.name == "Names")
+    else if (p_key.name() == "Names")
         readNames(p_key, p_condition.names);
-    else if (p_key.name == "Query")
+    else if (p_key.name() == "Query")
         readAsked(p_key, p_condition.query);
-    else if (p_key.name == "If")
+    else if (p_key.name() == "If")
         readAsked(p_key, p_condition.onlyIf);
-    else if (p_key.name == "At Least")
+    else if (p_key.name() == "At Least")
         readCount(p_key, p_condition.atLeast);
-    else if (p_key.name == "At Most")
+    else if (p_key.name() == "At Most")
         readCount(p_key, p_condition.atMost);
-    else if (p_key.name == "Negate")
+    else if (p_key.name() == "Negate")
         p_condition.negate = readYesNo(p_key, p_condition.negate).value_or(false);
     else
         unknownKey(p_key, p_text, p_condition.name.empty());
@@ -181,72 +181,73 @@ void PhysicsReader::readKey(const QclParameter& p_key, const QclObject& p_text, 
 
 void PhysicsReader::readAnswer(const QclParameter& p_key, PhysicsQuery& p_query)
 {
-    if (p_key.value.empty() || p_key.value == "All")
+    if (p_key.value().empty() || p_key.value() == "All")
         p_query.answer = PhysicsAnswer::All;
-    else if (p_key.value == "Any")
+    else if (p_key.value() == "Any")
         p_query.answer = PhysicsAnswer::Any;
-    else if (p_key.value == "List")
+    else if (p_key.value() == "List")
         p_query.answer = PhysicsAnswer::List;
     else
         atValue(p_key, "bad-query-value",
-                "Expected 'All', 'Any' or 'List' for 'Answer', but found " + quotedShort(p_key.value) + ".");
+                "Expected 'All', 'Any' or 'List' for 'Answer', but found " + quotedShort(p_key.value()) +
+                    ".");
 }
 
 void PhysicsReader::readObject(const QclParameter& p_key, std::optional<ObjectPattern>& p_pattern)
 {
     p_pattern.reset();
-    if (p_key.value.empty())
+    if (p_key.value().empty())
         return;
-    if (p_key.value.size() > k_longestPattern)
+    if (p_key.value().size() > k_longestPattern)
     {
         atValue(p_key, "bad-query-value",
-                "The path is " + std::to_string(p_key.value.size()) + " bytes long. The limit is " +
+                "The path is " + std::to_string(p_key.value().size()) + " bytes long. The limit is " +
                     std::to_string(k_longestPattern) + ".");
         return;
     }
-    p_pattern = ObjectPattern::read(p_key.value);
+    p_pattern = ObjectPattern::read(p_key.value());
     if (!p_pattern)
         atValue(p_key, "bad-query-value",
                 "Expected the path of an object, such as '{DOMAIN}/FLUID MODELS/TURBULENCE MODEL' or "
                 "'{DOMAIN}/BOUNDARY:*', but found " +
-                    quotedShort(p_key.value) + ".");
+                    quotedShort(p_key.value()) + ".");
 }
 
 void PhysicsReader::readAsked(const QclParameter& p_key, AskedQuery& p_asked) const
 {
-    p_asked.name = p_key.value;
-    p_asked.place = {m_number, p_key.placeInValue(0), static_cast<std::uint32_t>(p_key.value.size())};
+    p_asked.name = p_key.value();
+    p_asked.place = {m_number, p_key.placeInValue(0), static_cast<std::uint32_t>(p_key.value().size())};
 }
 
 void PhysicsReader::readNames(const QclParameter& p_key, std::optional<ObjectPattern>& p_pattern)
 {
     p_pattern.reset();
-    if (p_key.value.empty())
+    if (p_key.value().empty())
         return;
-    if (p_key.value.size() <= k_longestPattern)
-        p_pattern = ObjectPattern::read(p_key.value);
+    if (p_key.value().size() <= k_longestPattern)
+        p_pattern = ObjectPattern::read(p_key.value());
     if (!p_pattern || p_pattern->endsWithName() || p_pattern->hasEach())
     {
         p_pattern.reset();
         atValue(p_key, "bad-query-value",
                 "Expected the path of one type of object without a name, such as '/LIBRARY/MATERIAL' or "
                 "'{FLOW}/RIGID BODY', but found " +
-                    quotedShort(p_key.value) + ".");
+                    quotedShort(p_key.value()) + ".");
     }
 }
 
 void PhysicsReader::readTexts(const QclParameter& p_key, std::vector<std::string>& p_texts)
 {
     std::vector<std::string> texts;
-    std::string_view rest = p_key.value;
-    while (!p_key.value.empty())
+    std::string_view rest = p_key.value();
+    while (!p_key.value().empty())
     {
         const std::size_t comma = rest.find(',');
         const std::string_view piece = trimmed(rest.substr(0, comma));
         if (piece.empty())
         {
             atValue(p_key, "bad-query-value",
-                    "The list in '" + std::string(p_key.name) + "' has an empty piece.");
+                    "The list in '" + std::string(p_key.name()) + "' has an empty piece.");
             return;
         }
         texts.emplace_back(piece);
@@ -259,32 +260,32 @@ void PhysicsReader::readTexts(const QclParameter& p_key, std::vector<std::string
 
 void PhysicsReader::readCount(const QclParameter& p_key, std::optional<std::size_t>& p_count)
 {
-    if (p_key.value.empty())
+    if (p_key.value().empty())
     {
         p_count.reset();
         return;
     }
     constexpr std::uint32_t k_largest = 1'000'000;
     std::uint32_t count = 0;
-    const char* end = p_key.value.data() + p_key.value.size();
-    const auto [rest, error] = std::from_chars(p_key.value.data(), end, count);
+    const char* end = p_key.value().data() + p_key.value().size();
+    const auto [rest, error] = std::from_chars(p_key.value().data(), end, count);
     if (error != std::errc() || rest != end || count > k_largest)
         atValue(p_key, "bad-query-value",
-                "Expected a whole number from 0 to 1000000 for '" + std::string(p_key.name) +
-                    "', but found " + quotedShort(p_key.value) + ".");
+                "Expected a whole number from 0 to 1000000 for '" + std::string(p_key.name()) +
+                    "', but found " + quotedShort(p_key.value()) + ".");
     else
         p_count = count;
 }
 
 std::optional<bool> PhysicsReader::readYesNo(const QclParameter& p_key, std::optional<bool> p_otherwise)
 {
-    if (p_key.value.empty())
+    if (p_key.value().empty())
         return std::nullopt;
-    if (p_key.value == "Yes" || p_key.value == "No")
-        return p_key.value == "Yes";
+    if (p_key.value() == "Yes" || p_key.value() == "No")
+        return p_key.value() == "Yes";
     atValue(p_key, "bad-query-value",
-            "Expected 'Yes' or 'No' for '" + std::string(p_key.name) + "', but found " +
-                quotedShort(p_key.value) + ".");
+            "Expected 'Yes' or 'No' for '" + std::string(p_key.name()) + "', but found " +
+                quotedShort(p_key.value()) + ".");
     return p_otherwise;
 }
 
@@ -301,7 +302,7 @@ void PhysicsReader::checkCondition(const Section& p_section)
 
     // A bad value of "Object" was reported and left out: what goes with it is not reported as well.
     const QclParameter* object = p_section.text->find("Object");
-    const bool hasObject = condition.object || (object && !object->value.empty());
+    const bool hasObject = condition.object || (object && !object->value().empty());
     const bool hasParameter = !condition.parameter.empty();
     if (!hasObject && condition.query.name.empty())
     {
@@ -407,12 +408,12 @@ void PhysicsReader::atValue(const QclParameter& p_key, const char* p_identifier,
 void PhysicsReader::unknownKey(const QclParameter& p_key, const QclObject& p_text, bool p_isOfQuery)
 {
     const std::vector<std::string>& known = p_isOfQuery ? k_queryKeys : k_conditionKeys;
-    std::string message =
-        "Unknown key " + quotedShort(p_key.name) + " in the physics query " + quotedShort(p_text.path) + ".";
-    const std::string nearest = nearestName(p_key.name, known);
+    std::string message = "Unknown key " + quotedShort(p_key.name()) + " in the physics query " +
+                          quotedShort(p_text.path) + ".";
+    const std::string nearest = nearestName(p_key.name(), known);
     message += nearest.empty() ? " Expected " + listed(known) + "." : " Did you mean '" + nearest + "'?";
-    report({m_number, p_key.place, static_cast<std::uint32_t>(p_key.name.size())}, "unknown-definition-key",
-           std::move(message));
+    report({m_number, p_key.place(), static_cast<std::uint32_t>(p_key.name().size())},
+           "unknown-definition-key", std::move(message));
 }
 
 }    // namespace qen::standalone

@@ -59,14 +59,11 @@ std::pair<std::string_view, std::size_t> firstLine(std::string_view p_text)
 inline QclParameter placed(const SectionParameter& p_parameter, const ParsedSection& p_section,
                            SourcePlace p_place, const char* p_text)
 {
-    const QclJoinedValue* const joined =
-        p_parameter.joinedPlus1 == 0 ? nullptr : p_section.joinedValues[p_parameter.joinedPlus1 - 1].get();
-    return {{p_text + p_parameter.name, p_parameter.nameLength},
-            joined ? std::string_view(joined->text)
-                   : std::string_view(p_text + p_parameter.value, p_parameter.valueLength),
-            {p_place.file, p_place.line + p_parameter.line, p_parameter.nameColumn},
-            p_parameter.valueColumn,
-            joined};
+    const std::string_view name(p_text + p_parameter.name, p_parameter.nameLength);
+    const SourcePlace place {p_place.file, p_place.line + p_parameter.line, p_parameter.nameColumn};
+    if (p_parameter.joinedPlus1 != 0)
+        return {name, *p_section.joinedValues[p_parameter.joinedPlus1 - 1], place};
+    return {name, std::string_view(p_text + p_parameter.value, p_parameter.valueLength), place};
 }
 
 }    // namespace
@@ -74,9 +71,10 @@ inline QclParameter placed(const SectionParameter& p_parameter, const ParsedSect
 DocumentBuilder::DocumentBuilder(const QclLimits& p_limits, SectionSource& p_sections)
     : m_limits(p_limits), m_sections(p_sections)
 {
-    // Lines, columns and positions are counted in 32 bits.
+    // Lines, columns and positions are counted in 32 bits; so are the bytes of values.
     m_limits.fileBytes =
         std::min<std::size_t>(m_limits.fileBytes, std::numeric_limits<std::uint32_t>::max() - 1);
+    m_limits.includedFiles = std::min(m_limits.includedFiles, QclParameter::k_files - 1);
 }
 
 void DocumentBuilder::expectObjects(std::size_t p_count)
@@ -284,7 +282,7 @@ std::uint32_t DocumentBuilder::addProblems(const ParsedSection& p_section, std::
     const std::string_view objectPath = p_object ? std::string_view(p_object->path) : std::string_view();
     const auto placeOfFirst = [&](std::uint32_t p_parameter) {
         if (p_object && !p_earlier.empty() && p_earlier[p_parameter] != Names::k_none)
-            return p_object->parameters[p_earlier[p_parameter]].place;
+            return p_object->parameters[p_earlier[p_parameter]].place();
         return SourcePlace {m_place.file, m_place.line + parameters[p_parameter].line, 0};
     };
     const auto reportTwice = [&](std::uint32_t p_first, std::uint32_t p_line, std::uint32_t p_column) {

@@ -52,7 +52,7 @@ private:
     };
 
     struct NameOf {
-        std::string_view operator()(const QclParameter& p_parameter) const { return p_parameter.name; }
+        std::string_view operator()(const QclParameter& p_parameter) const { return p_parameter.name(); }
     };
 
     using Names = NameIndex<NameOf>;

@@ -62,31 +62,32 @@ std::string_view SourceFile::line(std::uint32_t p_number) const
 
 SourcePlace QclParameter::placeInValue(std::size_t p_offset) const
 {
-    const std::size_t offset = std::min(p_offset, value.size());
-    if (!joined)
-        return {place.file, place.line, valueColumn + static_cast<std::uint32_t>(offset)};
+    const std::size_t offset = std::min(p_offset, value().size());
+    if (!joined())
+        return {m_file, m_line, m_column + static_cast<std::uint32_t>(m_value.text + offset - m_name)};
 
-    const auto behind = std::ranges::upper_bound(joined->pieces, offset, {}, &QclJoinedValue::Piece::offset);
+    const auto behind =
+        std::ranges::upper_bound(joined()->pieces, offset, {}, &QclJoinedValue::Piece::offset);
     const QclJoinedValue::Piece& piece = *std::prev(behind);
-    return {place.file, place.line + piece.linesBehind,
+    return {m_file, m_line + piece.linesBehind,
             piece.column + static_cast<std::uint32_t>(offset - piece.offset)};
 }
 
 std::vector<QclParameter::Piece> QclParameter::pieces() const
 {
-    if (!joined)
+    if (!joined())
         return {{0, placeInValue(0)}};
 
     std::vector<Piece> result;
-    result.reserve(joined->pieces.size());
-    for (const QclJoinedValue::Piece& piece : joined->pieces)
-        result.push_back({piece.offset, {place.file, place.line + piece.linesBehind, piece.column}});
+    result.reserve(joined()->pieces.size());
+    for (const QclJoinedValue::Piece& piece : joined()->pieces)
+        result.push_back({piece.offset, {m_file, m_line + piece.linesBehind, piece.column}});
     return result;
 }
 
 std::size_t QclParameter::firstPieceLength() const
 {
-    return joined && joined->pieces.size() > 1 ? joined->pieces[1].offset : value.size();
+    return joined() && joined()->pieces.size() > 1 ? joined()->pieces[1].offset : value().size();
 }
 
 const QclParameter* QclObject::find(std::string_view p_name) const

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -54,18 +55,54 @@ struct QclJoinedValue {
 };
 
 /// One `name = value`. Its texts are views into what the document holds.
-struct QEN_STANDALONE_API QclParameter {
+//
+// Packed into 32 bytes: a document holds many of them.
+class QEN_STANDALONE_API QclParameter {
+public:
     /// Where a stretch of the value stands in the file; it ends where the next one begins.
     struct Piece {
         std::size_t offset = 0;    ///< in the value
         SourcePlace place;
     };
 
-    std::string_view name;
-    std::string_view value;
-    SourcePlace place;                ///< of the name
-    std::uint32_t valueColumn = 0;    ///< of a value that does not continue; it stands on the name's line
-    const QclJoinedValue* joined = nullptr;    ///< null for a value that does not continue
+    static constexpr std::size_t k_nameBytes = std::numeric_limits<std::uint16_t>::max();
+    static constexpr std::size_t k_valueBytes = std::numeric_limits<std::uint32_t>::max() - 1;
+    static constexpr std::size_t k_files = std::numeric_limits<std::uint16_t>::max();
+
+    /// Of an empty name, value and place.
+    QclParameter() : QclParameter({}, std::string_view(), {}) {}
+
+    /// With a value that does not continue.
+    ///
+    /// @param p_name   Not longer than k_nameBytes.
+    /// @param p_value  In the text that holds the name, on the same line and behind it, also when it is empty. Not longer
+    ///                 than k_valueBytes.
+    /// @param p_place  Of the name; of the first k_files files.
+    QclParameter(std::string_view p_name, std::string_view p_value, SourcePlace p_place)
+        : m_name(p_name.data()), m_value {.text = p_value.data()},
+          m_valueLength(static_cast<std::uint32_t>(p_value.size())),
+          m_nameLength(static_cast<std::uint16_t>(p_name.size())),
+          m_file(static_cast<std::uint16_t>(p_place.file)), m_line(p_place.line), m_column(p_place.column)
+    {}
+
+    /// With a value that continues, and goes on to belong to the document.
+    QclParameter(std::string_view p_name, const QclJoinedValue& p_value, SourcePlace p_place)
+        : QclParameter(p_name, std::string_view(), p_place)
+    {
+        m_value.joined = &p_value;
+        m_valueLength = k_isJoined;
+    }
+
+    std::string_view name() const { return {m_name, m_nameLength}; }
+
+    std::string_view value() const
+    {
+        return joined() ? std::string_view(m_value.joined->text)
+                        : std::string_view(m_value.text, m_valueLength);
+    }
+
+    /// Of the name.
+    SourcePlace place() const { return {m_file, m_line, m_column}; }
 
     /// Where the byte of the value stands in the file; the place behind the last one for a larger offset.
     SourcePlace placeInValue(std::size_t p_offset) const;
@@ -75,6 +112,22 @@ struct QEN_STANDALONE_API QclParameter {
 
     /// The length of the first of the pieces: how much of the value stands on the line of its first byte.
     std::size_t firstPieceLength() const;
+
+private:
+    static constexpr std::uint32_t k_isJoined = std::numeric_limits<std::uint32_t>::max();
+
+    const QclJoinedValue* joined() const { return m_valueLength == k_isJoined ? m_value.joined : nullptr; }
+
+    const char* m_name;
+    union {
+        const char* text;
+        const QclJoinedValue* joined;
+    } m_value;
+    std::uint32_t m_valueLength;    // of a text
+    std::uint16_t m_nameLength;
+    std::uint16_t m_file;
+    std::uint32_t m_line;
+    std::uint32_t m_column;
 };
 
 /// One object, with all its sections taken together.

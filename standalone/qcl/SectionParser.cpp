@@ -313,8 +313,7 @@ bool SectionParser::readPredictedParameter()
     name.parameter = toNumber(m_section->parameters.size());
     m_section->parameters.push_back(
         {toNumber(static_cast<std::size_t>(m_next - m_begin)), toNumber(name.text.size()),
-         toNumber(static_cast<std::size_t>(value - m_begin)), toNumber(length), m_lineNumber, 1,
-         toNumber(static_cast<std::size_t>(value - m_next)) + 1, 0});
+         toNumber(static_cast<std::size_t>(value - m_begin)), toNumber(length), m_lineNumber, 1, 0});
     m_next = lineFeed + 1;
     return true;
 }
@@ -399,17 +398,15 @@ void SectionParser::readParameter(std::string_view p_name, std::string_view p_be
     SectionParameter unwanted;
     SectionParameter& read = parameter ? *parameter : unwanted;
     read.value = offsetOf(p_behindEquals);
-    read.valueColumn = columnOf(p_behindEquals);
     if (value.empty() || !p_clean)
         return;
     if (value.size() > m_limits.valueBytes)
         return reportTooLong(value);
 
     read.value = offsetOf(value);
-    read.valueColumn = columnOf(value);
     if (m_examined.hasPercent)
         if (const std::size_t at = findTooManyPlaceholders(value); at != std::string_view::npos)
-            return reportPlaceholder(value, at, m_lineNumber, read.valueColumn + toNumber(at));
+            return reportPlaceholder(value, at, m_lineNumber, columnOf(value.substr(at)));
     read.valueLength = toNumber(value.size());
 }
 
@@ -473,10 +470,7 @@ void SectionParser::readJoinedValue(std::string_view p_behindEquals, bool p_clea
     if (good)
         if (const std::size_t at = findTooManyPlaceholders(joined->text); at != std::string_view::npos)
         {
-            QclParameter placed;
-            placed.value = joined->text;
-            placed.joined = joined.get();
-            const SourcePlace place = placed.placeInValue(at);
+            const SourcePlace place = QclParameter({}, *joined, {}).placeInValue(at);
             reportPlaceholder(joined->text, at, firstLine + place.line, place.column);
             good = false;
         }

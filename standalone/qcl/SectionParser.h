@@ -6,6 +6,7 @@
 #include "qcl/QclProblems.h"
 #include "qcl/QclReader.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -49,7 +50,6 @@ struct SectionParameter {
     std::uint32_t valueLength = 0;
     std::uint32_t line = 0;
     std::uint32_t nameColumn = 0;
-    std::uint32_t valueColumn = 0;
     std::uint32_t joinedPlus1 =
         0;    // position among the joined values plus 1; 0 for a value that does not continue
 };
@@ -88,7 +88,10 @@ std::size_t sectionLength(SectionKind p_kind, std::string_view p_text);
 /// another section has, and such a name is not examined again.
 class SectionParser {
 public:
-    explicit SectionParser(const QclLimits& p_limits) : m_limits(p_limits) {}
+    explicit SectionParser(const QclLimits& p_limits) : m_limits(p_limits)
+    {
+        m_limits.nameBytes = std::min(m_limits.nameBytes, QclParameter::k_nameBytes);
+    }
 
     /// Reads a section from the beginning of a text as far as the next header or include, or to the end.
     void parse(SectionKind p_kind, std::string_view p_text, ParsedSection& p_section);

@@ -54,7 +54,7 @@ public:
             return p_finding.lineText;
         std::string subject = line->object->path;
         // A line end stands neither in a path nor in a name.
-        return line->parameter ? subject.append("\n").append(line->parameter->name) : subject;
+        return line->parameter ? subject.append("\n").append(line->parameter->name()) : subject;
     }
 
 private:
@@ -114,7 +114,7 @@ std::vector<ReportedFinding> withSubjects(std::vector<Finding> p_findings, const
         {
             lines.note(object.place, object.place.line, object, nullptr);
             for (const QclParameter& parameter : object.parameters)
-                lines.note(parameter.place, parameter.placeInValue(parameter.value.size()).line, object,
+                lines.note(parameter.place(), parameter.placeInValue(parameter.value().size()).line, object,
                            &parameter);
         }
 

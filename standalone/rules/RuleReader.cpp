@@ -166,9 +166,9 @@ void RuleReader::readObject(const Section& p_section)
     object.place = placeOf(*p_section.text);
     for (const QclParameter& key : p_section.text->parameters)
     {
-        if (key.name == "Named")
+        if (key.name() == "Named")
             object.named = readYesNo(key, object.named.value_or(false));
-        else if (key.name == "Same As")
+        else if (key.name() == "Same As")
             readSameAs(key, object);
         else
             unknownKey(key, p_section, k_objectKeys);
@@ -183,31 +183,31 @@ void RuleReader::readParameter(const Section& p_section)
     parameter.place = placeOf(*p_section.text);
     for (const QclParameter& key : p_section.text->parameters)
     {
-        if (key.name == "Type")
+        if (key.name() == "Type")
             readType(key, parameter);
-        else if (key.name == "Allowed")
+        else if (key.name() == "Allowed")
             readList(key, rule.allowedTexts);
-        else if (key.name == "Quantity")
-            rule.quantity = key.value;
-        else if (key.name == "Units From")
+        else if (key.name() == "Quantity")
+            rule.quantity = key.value();
+        else if (key.name() == "Units From")
             readUnitsFrom(key, p_section, parameter);
-        else if (key.name == "Units Times")
-            rule.unitsTimes = key.value;
-        else if (key.name == "Lower Bound")
+        else if (key.name() == "Units Times")
+            rule.unitsTimes = key.value();
+        else if (key.name() == "Lower Bound")
             readBound(key, rule.lowerBound);
-        else if (key.name == "Upper Bound")
+        else if (key.name() == "Upper Bound")
             readBound(key, rule.upperBound);
-        else if (key.name == "Kind")
+        else if (key.name() == "Kind")
         {
-            if (key.value.empty() || key.value == k_expressionKind)
-                rule.kind = key.value;
+            if (key.value().empty() || key.value() == k_expressionKind)
+                rule.kind = key.value();
             else
                 atValue(key, "bad-rule-value",
-                        "Unknown kind " + quotedShort(key.value) + ". Expected 'Expression' or nothing.");
+                        "Unknown kind " + quotedShort(key.value()) + ". Expected 'Expression' or nothing.");
         }
-        else if (key.name == "Single Valued")
+        else if (key.name() == "Single Valued")
             rule.singleValued = readYesNo(key, rule.singleValued);
-        else if (key.name == "Depends On")
+        else if (key.name() == "Depends On")
             readList(key, rule.dependencies);
         else
             unknownKey(key, p_section, k_parameterKeys);
@@ -222,7 +222,7 @@ void RuleReader::readSameAs(const QclParameter& p_key, DeclaredObject& p_object)
     std::size_t offset = 0;
     for (const std::string& pattern : p_object.sameAs)
     {
-        offset = p_key.value.find(pattern, offset);
+        offset = p_key.value().find(pattern, offset);
         if (offset == std::string::npos)    // what an earlier document said holds on; this list is bad
             offset = 0;
         p_object.sameAsPlaces.push_back(p_key.placeInValue(offset));
@@ -232,28 +232,28 @@ void RuleReader::readSameAs(const QclParameter& p_key, DeclaredObject& p_object)
 
 void RuleReader::readType(const QclParameter& p_key, DeclaredParameter& p_parameter)
 {
-    const ParamType type = paramTypeFromText(p_key.value);
+    const ParamType type = paramTypeFromText(p_key.value());
     if (type == ParamType::Unknown)
     {
         atValue(p_key, "unknown-parameter-type",
-                "Unknown parameter type " + quotedShort(p_key.value) + ". Expected " + paramTypeTexts() +
+                "Unknown parameter type " + quotedShort(p_key.value()) + ". Expected " + paramTypeTexts() +
                     ".");
         return;
     }
     p_parameter.type = type;
-    p_parameter.rule.type = p_key.value;
+    p_parameter.rule.type = p_key.value();
 }
 
 void RuleReader::readBound(const QclParameter& p_key, std::string& p_bound)
 {
-    if (!p_key.value.empty() && !readBoundText(std::string(p_key.value)))
+    if (!p_key.value().empty() && !readBoundText(std::string(p_key.value())))
     {
         atValue(p_key, "bad-rule-value",
-                "The bound " + quotedShort(p_key.value) +
+                "The bound " + quotedShort(p_key.value()) +
                     " is not a number with or without units, such as '0 [m]' or '1'.");
         return;
     }
-    p_bound = p_key.value;
+    p_bound = p_key.value();
 }
 
 void RuleReader::readUnitsFrom(const QclParameter& p_key, const Section& p_section,
@@ -261,16 +261,16 @@ void RuleReader::readUnitsFrom(const QclParameter& p_key, const Section& p_secti
 {
     p_parameter.rule.unitsFrom.clear();
     p_parameter.unitsSource = {};
-    if (p_key.value.empty())
+    if (p_key.value().empty())
         return;
 
-    std::optional<UnitsSource> source = readUnitsSource(p_key.value);
+    std::optional<UnitsSource> source = readUnitsSource(p_key.value());
     if (!source)
     {
         atValue(p_key, "bad-rule-value",
                 "Expected the path of a parameter, such as "
                 "'/LIBRARY/ADDITIONAL VARIABLE:{ADDITIONAL VARIABLE}/PARAMETER:Units', but found " +
-                    quotedShort(p_key.value) + ".");
+                    quotedShort(p_key.value()) + ".");
         return;
     }
     for (const UnitsSource::Piece& piece : source->objectPath)
@@ -282,23 +282,23 @@ void RuleReader::readUnitsFrom(const QclParameter& p_key, const Section& p_secti
                         " has no such level.");
             return;
         }
-    p_parameter.rule.unitsFrom = p_key.value;
+    p_parameter.rule.unitsFrom = p_key.value();
     p_parameter.unitsSource = std::move(*source);
 }
 
 void RuleReader::readList(const QclParameter& p_key, std::vector<std::string>& p_texts)
 {
     std::vector<std::string> texts;
-    std::string_view rest = p_key.value;
-    while (!p_key.value.empty())
+    std::string_view rest = p_key.value();
+    while (!p_key.value().empty())
     {
         const std::size_t comma = rest.find(',');
         const std::string_view piece = trimmed(rest.substr(0, comma));
         if (piece.empty() || std::ranges::find(texts, piece) != texts.end())
         {
             atValue(p_key, "bad-rule-value",
-                    piece.empty() ? "The list in '" + std::string(p_key.name) + "' has an empty piece."
-                                  : "The list in '" + std::string(p_key.name) + "' has the piece " +
+                    piece.empty() ? "The list in '" + std::string(p_key.name()) + "' has an empty piece."
+                                  : "The list in '" + std::string(p_key.name()) + "' has the piece " +
                                         quotedShort(piece) + " twice.");
             return;
         }
@@ -312,11 +312,11 @@ void RuleReader::readList(const QclParameter& p_key, std::vector<std::string>& p
 
 bool RuleReader::readYesNo(const QclParameter& p_key, bool p_otherwise)
 {
-    if (p_key.value == "Yes" || p_key.value == "No")
-        return p_key.value == "Yes";
+    if (p_key.value() == "Yes" || p_key.value() == "No")
+        return p_key.value() == "Yes";
     atValue(p_key, "bad-rule-value",
-            "Expected 'Yes' or 'No' for '" + std::string(p_key.name) + "', but found " +
-                quotedShort(p_key.value) + ".");
+            "Expected 'Yes' or 'No' for '" + std::string(p_key.name()) + "', but found " +
+                quotedShort(p_key.value()) + ".");
     return p_otherwise;
 }
 
@@ -351,12 +351,12 @@ void RuleReader::atValue(const QclParameter& p_key, const char* p_identifier, st
 void RuleReader::unknownKey(const QclParameter& p_key, const Section& p_section,
                             const std::vector<std::string>& p_known)
 {
-    std::string message =
-        "Unknown key " + quotedShort(p_key.name) + " in the rule " + quotedShort(p_section.text->path) + ".";
-    const std::string nearest = nearestName(p_key.name, p_known);
+    std::string message = "Unknown key " + quotedShort(p_key.name()) + " in the rule " +
+                          quotedShort(p_section.text->path) + ".";
+    const std::string nearest = nearestName(p_key.name(), p_known);
     message += nearest.empty() ? " Expected " + listed(p_known) + "." : " Did you mean '" + nearest + "'?";
-    m_problems.push_back({Severity::Error, "unknown-definition-key", std::move(message), p_key.place,
-                          static_cast<std::uint32_t>(p_key.name.size())});
+    m_problems.push_back({Severity::Error, "unknown-definition-key", std::move(message), p_key.place(),
+                          static_cast<std::uint32_t>(p_key.name().size())});
 }
 
 DeclarationPlace RuleReader::placeOf(const QclObject& p_text) const

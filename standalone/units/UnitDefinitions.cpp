@@ -64,8 +64,8 @@ Diagnostic problemIn(const QclObject& p_object, std::string p_identifier, std::s
 
 Diagnostic problemInName(const QclParameter& p_parameter, std::string p_identifier, std::string p_message)
 {
-    return {Severity::Error, std::move(p_identifier), std::move(p_message), p_parameter.place,
-            lengthOf(p_parameter.name.size())};
+    return {Severity::Error, std::move(p_identifier), std::move(p_message), p_parameter.place(),
+            lengthOf(p_parameter.name().size())};
 }
 
 Diagnostic problemInValue(const QclParameter& p_parameter, std::size_t p_offset, std::size_t p_length,
@@ -128,10 +128,10 @@ private:
     {
         for (const QclParameter& parameter : m_object->parameters)
         {
-            if (std::ranges::find(p_keys, std::string_view(parameter.name), &Key::name) == p_keys.end())
+            if (std::ranges::find(p_keys, std::string_view(parameter.name()), &Key::name) == p_keys.end())
                 problem(
                     problemInName(parameter, "unknown-key",
-                                  fmt::format("{} is not a key of {}; expected {}", quoted(parameter.name),
+                                  fmt::format("{} is not a key of {}; expected {}", quoted(parameter.name()),
                                               quoted(m_object->path),
                                               oneOf(p_keys, [](const Key& p_key) { return p_key.name; }))));
         }
@@ -147,9 +147,9 @@ private:
 
     void badValue(const QclParameter& p_parameter, const std::string& p_expected)
     {
-        problem(problemInValue(p_parameter, 0, p_parameter.value.size(), "bad-value",
+        problem(problemInValue(p_parameter, 0, p_parameter.value().size(), "bad-value",
                                fmt::format("{} is not a value of '{}'; expected {}",
-                                           quoted(p_parameter.value), p_parameter.name, p_expected)));
+                                           quoted(p_parameter.value()), p_parameter.name(), p_expected)));
     }
 
     void checkName(std::string_view p_name, std::size_t p_limit)
@@ -169,9 +169,9 @@ private:
     bool flag(std::string_view p_key)
     {
         const QclParameter* found = parameter(p_key);
-        if (!found || found->value == "No")
+        if (!found || found->value() == "No")
             return false;
-        if (found->value != "Yes")
+        if (found->value() != "Yes")
             badValue(*found, "'Yes' or 'No'");
         return true;
     }
@@ -181,7 +181,7 @@ private:
         const QclParameter* found = parameter("Factor");
         if (!found)
             return {};
-        const std::optional<Ratio> ratio = readRatio(found->value);
+        const std::optional<Ratio> ratio = readRatio(found->value());
         if (ratio && ratio->value() > 0.0 && ratio->value() <= 1e300 && ratio->value() >= 1e-300)
             return *ratio;
         badValue(*found, "a number above zero, or a fraction such as '5/9'");
@@ -193,7 +193,7 @@ private:
         const QclParameter* found = parameter("Offset");
         if (!found)
             return {0.0, 1.0};
-        if (const std::optional<Ratio> ratio = readRatio(found->value))
+        if (const std::optional<Ratio> ratio = readRatio(found->value()))
             return *ratio;
         badValue(*found, "a number, such as '273.15'");
         return {0.0, 1.0};
@@ -208,7 +208,7 @@ private:
         unit.takesPrefixes = flag("Prefixes");
         if (const QclParameter* found = parameter("Dimension"))
         {
-            const auto dimension = std::ranges::find(k_dimensionNames, std::string_view(found->value));
+            const auto dimension = std::ranges::find(k_dimensionNames, std::string_view(found->value()));
             unit.dimension = static_cast<std::size_t>(dimension - k_dimensionNames.begin());
             if (dimension == k_dimensionNames.end())
                 badValue(*found, oneOf(k_dimensionNames, [](std::string_view p_text) { return p_text; }));
@@ -233,7 +233,7 @@ private:
         unit.offset = offset();
         unit.takesPrefixes = flag("Prefixes");
         if (const QclParameter* found = parameter("Definition"))
-            unit.text = found->value;
+            unit.text = found->value();
         add(std::move(unit), p_name);
     }
 
@@ -289,7 +289,7 @@ private:
         if (!m_isGood)
             return;
         QuantityDefinition quantity;
-        quantity.text = parameter("Units")->value;
+        quantity.text = parameter("Units")->value();
         store(m_definitions.quantities, m_definitions.m_quantityIndex, std::move(quantity), p_name);
     }
 

@@ -40,8 +40,8 @@ QclDocument withValue(const QclDocument& p_case, std::size_t p_object, std::size
         {
             const QclParameter& parameter = object.parameters[k];
             const bool replaced = i == p_object && k == p_parameter;
-            text.append(parameter.name).append(" = ");
-            text.append(replaced ? std::string_view(p_value) : parameter.value).append("\n");
+            text.append(parameter.name()).append(" = ");
+            text.append(replaced ? std::string_view(p_value) : parameter.value()).append("\n");
         }
     }
     return readQclText("mutated.qcl", text);
@@ -79,9 +79,10 @@ std::vector<Mutation> mutationsOf(const QclDocument& p_case)
         {
             const QclObject& object = p_case.objects[i];
             const QclParameter& parameter = object.parameters[k];
-            const ParameterRule* rule = rules.find(object.path, parameter.name);
+            const ParameterRule* rule = rules.find(object.path, parameter.name());
             const std::string lastType = QCLPath(object.path).getLastType();
-            if (!rule || !QCLParam::isNumericType(rules.getParamType(lastType, std::string(parameter.name))))
+            if (!rule ||
+                !QCLParam::isNumericType(rules.getParamType(lastType, std::string(parameter.name()))))
                 continue;
 
             const bool dynamic = !rule->unitsFrom.empty();
@@ -112,7 +113,7 @@ TEST_P(MutatedExample, GivesExactlyOneRecordForEachValueThatIsMadeWrong)
         const QclDocument mutated = withValue(original, mutation.object, mutation.parameter, mutation.value);
         const QclObject& object = mutated.objects[mutation.object];
         const QclParameter& parameter = object.parameters[mutation.parameter];
-        SCOPED_TRACE(std::string(parameter.name) + " = " + mutation.value + " in " +
+        SCOPED_TRACE(std::string(parameter.name()) + " = " + mutation.value + " in " +
                      std::string(object.path));
 
         const CaseReport report = checkCase(mutated, shippedDefinitions());

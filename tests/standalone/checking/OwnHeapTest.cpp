@@ -121,8 +121,8 @@ TEST_P(OwnHeapOfPassingChecks, IsFourBlocksAndFourForEachLongReference)
         for (const QclParameter& parameter : object.parameters)
         {
             // When a value passes as an expression, and not for the first time at its place
-            const std::string name(parameter.name);
-            const std::string value(parameter.value);
+            const std::string name(parameter.name());
+            const std::string value(parameter.value());
             if (!example.passes(object.path, name, value))
                 continue;
             const std::size_t before = blocksOutsideOfHost();

@@ -27,7 +27,7 @@ TEST(QclFiles, AreReadWithWhatTheyIncludeInPlace)
     EXPECT_EQ(document.files[0].path, main);
     EXPECT_EQ(document.files[1].path, folder.path("sub/other.qcl"));
     EXPECT_EQ(document.files[2].path, folder.path("sub/deep.qcl"));
-    EXPECT_EQ(document.objects[0].parameters[1].place.file, 2U);
+    EXPECT_EQ(document.objects[0].parameters[1].place().file, 2U);
     EXPECT_EQ(document.objects[2].place.file, 0U);
     EXPECT_EQ(document.objects[2].place.line, 4U);
 }

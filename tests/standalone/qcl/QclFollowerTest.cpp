@@ -34,8 +34,8 @@ std::string textOf(const QclDocument& p_document)
         text += "object " + object.path + " at " + textOf(object.place) + "\n";
         for (const QclParameter& parameter : object.parameters)
         {
-            text.append(parameter.name).append("=").append(parameter.value);
-            text += " at " + textOf(parameter.place);
+            text.append(parameter.name()).append("=").append(parameter.value());
+            text += " at " + textOf(parameter.place());
             for (const QclParameter::Piece& piece : parameter.pieces())
                 text += " " + std::to_string(piece.offset) + "@" + textOf(piece.place);
             text += "\n";
@@ -51,7 +51,7 @@ std::vector<std::string> contentOf(const QclObject& p_object)
 {
     std::vector<std::string> content;
     for (const QclParameter& parameter : p_object.parameters)
-        content.push_back(std::string(parameter.name).append("=").append(parameter.value));
+        content.push_back(std::string(parameter.name()).append("=").append(parameter.value()));
     return content;
 }
 

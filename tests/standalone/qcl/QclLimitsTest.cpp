@@ -50,6 +50,37 @@ TEST(QclLimits, AdmitNamesAndTypesUpToTheLongest)
     EXPECT_THAT(identifiersOf(read("[/" + longest + "n:x]\n")), ElementsAre("limit-name-length"));
 }
 
+TEST(QclLimits, AdmitNoLongerNamesThanAParameterHolds)
+{
+    QclLimits limits;
+    limits.nameBytes = 1'000'000;
+    const std::string longest(QclParameter::k_nameBytes, 'n');
+
+    const QclDocument document = read("[/A]\n" + longest + " = 1\n", limits);
+    EXPECT_THAT(problemsOf(document), IsEmpty());
+    EXPECT_EQ(document.objects.at(0).parameters.at(0).name(), longest);
+    EXPECT_EQ(document.objects.at(0).parameters.at(0).value(), "1");
+
+    EXPECT_THAT(identifiersOf(read("[/A]\n" + longest + "n = 1\n", limits)),
+                ElementsAre("limit-name-length"));
+}
+
+TEST(QclLimits, AdmitNoMoreFilesThanPlacesTell)
+{
+    const TemporaryFolder folder;
+    folder.write("b.qcl", "");
+    folder.write("c.qcl", "[/A]\np = 1\n");
+    const std::string most = times(QclParameter::k_files - 2, "include \"b.qcl\"\n") + "include \"c.qcl\"\n";
+    QclLimits limits;
+    limits.includedFiles = 1'000'000;
+
+    const QclDocument document = readQclFile(folder.write("main.qcl", most + "include \"b.qcl\"\n"), limits);
+
+    EXPECT_THAT(identifiersOf(document), ElementsAre("limit-included-files"));
+    EXPECT_EQ(document.objects.at(0).parameters.at(0).place(),
+              (SourcePlace {QclParameter::k_files - 1, 2, 1}));
+}
+
 TEST(QclLimits, AdmitPathsUpToTheLongest)
 {
     const std::string path = times(8, "/" + std::string(255, 't'));    // 2048 bytes

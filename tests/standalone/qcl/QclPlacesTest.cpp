@@ -17,7 +17,7 @@ TEST(QclPlaces, AreThoseOfPathNameAndValue)
     const QclDocument document = read("\n  [ /A:x ]\n  p q  =  12\n");
     const QclObject& object = document.objects.at(0);
     expectPlace(object.place, 2, 5);
-    expectPlace(object.parameters.at(0).place, 3, 3);
+    expectPlace(object.parameters.at(0).place(), 3, 3);
     expectPlace(object.parameters.at(0).placeInValue(0), 3, 11);
     expectPlace(object.parameters.at(0).placeInValue(1), 3, 12);
 }
@@ -33,7 +33,7 @@ TEST(QclPlaces, InAContinuedValueAreFoundOnEachLine)
     //                                 value: "1 + 22 * t", its pieces on lines 2, 3 and 5
     const QclDocument document = read("[/A]\np = 1 + \\\n    22 \\\n \\\n  * t \\\n\n");
     const QclParameter& parameter = document.objects.at(0).parameters.at(0);
-    ASSERT_EQ(parameter.value, "1 + 22 * t");
+    ASSERT_EQ(parameter.value(), "1 + 22 * t");
     ASSERT_EQ(parameter.pieces().size(), 3U);
     expectPlace(parameter.placeInValue(0), 2, 5);
     expectPlace(parameter.placeInValue(3), 2, 8);

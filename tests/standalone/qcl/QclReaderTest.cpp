@@ -135,7 +135,7 @@ TEST(QclReader, FindsParametersOfAnObjectByName)
     const QclDocument document = read("[/A]\np = 1\nq = 2\n");
     ASSERT_EQ(document.objects.size(), 1U);
     ASSERT_NE(document.objects[0].find("q"), nullptr);
-    EXPECT_EQ(document.objects[0].find("q")->value, "2");
+    EXPECT_EQ(document.objects[0].find("q")->value(), "2");
     EXPECT_EQ(document.objects[0].find("Q"), nullptr);
 }
 
@@ -147,7 +147,7 @@ TEST(QclReader, ReadsALineOfAMegabyte)
     const QclDocument document = read("[/A]\np = " + value + "\n");
     EXPECT_THAT(problemsOf(document), IsEmpty());
     ASSERT_EQ(document.objects.size(), 1U);
-    EXPECT_EQ(document.objects[0].parameters.at(0).value, value);
+    EXPECT_EQ(document.objects[0].parameters.at(0).value(), value);
 }
 
 TEST(QclReader, ReadsAValueOnAHundredThousandLines)
@@ -157,7 +157,7 @@ TEST(QclReader, ReadsAValueOnAHundredThousandLines)
         text += "x + \\\n";
     const QclDocument document = read(text + "x\n");
     EXPECT_THAT(problemsOf(document), IsEmpty());
-    EXPECT_EQ(document.objects.at(0).parameters.at(0).value.size(), 400'001U);
+    EXPECT_EQ(document.objects.at(0).parameters.at(0).value().size(), 400'001U);
     EXPECT_EQ(document.objects.at(0).parameters.at(0).pieces().size(), 100'001U);
 }
 

@@ -38,7 +38,8 @@ inline std::vector<std::string> parametersOf(const QclDocument& p_document)
     std::vector<std::string> texts;
     for (const QclObject& object : p_document.objects)
         for (const QclParameter& parameter : object.parameters)
-            texts.push_back((object.path + "|").append(parameter.name).append("=").append(parameter.value));
+            texts.push_back(
+                (object.path + "|").append(parameter.name()).append("=").append(parameter.value()));
     return texts;
 }
 

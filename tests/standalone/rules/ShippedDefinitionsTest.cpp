@@ -244,12 +244,12 @@ TEST_P(Example, UsesOnlyWhatTheRulesKnow)
         EXPECT_TRUE(shipped().rules().isValidPath(object.path)) << object.path;
         for (const QclParameter& parameter : object.parameters)
         {
-            const ParameterRule* rule = shipped().rules().find(object.path, parameter.name);
-            ASSERT_THAT(rule, NotNull()) << object.path << " " << parameter.name;
+            const ParameterRule* rule = shipped().rules().find(object.path, parameter.name());
+            ASSERT_THAT(rule, NotNull()) << object.path << " " << parameter.name();
             if (rule->allowedTexts.empty())
                 continue;
-            for (const std::string& piece : StringUtilities::splitValue(std::string(parameter.value), ','))
-                EXPECT_THAT(rule->allowedTexts, Contains(piece)) << object.path << " " << parameter.name;
+            for (const std::string& piece : StringUtilities::splitValue(std::string(parameter.value()), ','))
+                EXPECT_THAT(rule->allowedTexts, Contains(piece)) << object.path << " " << parameter.name();
         }
     }
 }
@@ -263,7 +263,7 @@ TEST_P(Example, IsLargeEnoughToBeRealistic)
         for (const QclParameter& parameter : object.parameters)
         {
             ++parameters;
-            const ParameterRule* rule = shipped().rules().find(object.path, parameter.name);
+            const ParameterRule* rule = shipped().rules().find(object.path, parameter.name());
             if (!rule || (rule->quantity.empty() && rule->unitsFrom.empty()))
                 continue;
             ++withQuantity;
@@ -285,7 +285,7 @@ TEST_P(Example, GivesItsExpressionsNamesOfTheirOwn)
         if (object.path == k_expressions)
             for (const QclParameter& parameter : object.parameters)
             {
-                const std::string name(parameter.name);
+                const std::string name(parameter.name());
                 EXPECT_EQ(ruled.count(name), 0U) << name;
                 EXPECT_FALSE(shipped().variables().hasVariable(name)) << name;
             }

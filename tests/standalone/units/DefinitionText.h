@@ -38,12 +38,9 @@ public:
         object.place = {0, ++m_line, 2};
         for (const auto& [name, value] : p_parameters)
         {
-            QclParameter parameter;
-            parameter.name = kept(name);
-            parameter.value = kept(value);
-            parameter.place = {0, ++m_line, 1};
-            parameter.valueColumn = static_cast<std::uint32_t>(name.size() + 4);
-            object.parameters.push_back(parameter);
+            const std::string_view line = kept(name + " = " + value);
+            object.parameters.emplace_back(line.substr(0, name.size()), line.substr(name.size() + 3),
+                                           SourcePlace {0, ++m_line, 1});
         }
         m_document.objects.push_back(object);
         return *this;

@@ -294,7 +294,8 @@ TEST(UnitDefinitions, PointIntoTheLineThatAContinuedValueStandsOn)
     // Given a definition that goes on in the next line
     QclDocument document = DefinitionText().mechanics().unit("N", "kg mm s^-2").document();
     const QclJoinedValue joined {"kg mm s^-2", {{0, 0, 14}, {3, 1, 5}}};
-    document.objects.back().parameters[0].joined = &joined;
+    QclParameter& definition = document.objects.back().parameters[0];
+    definition = QclParameter(definition.name(), joined, definition.place());
 
     UnitSystem units;
     Diagnostics problems;
