@@ -5,7 +5,9 @@
 #include "expressions/QelNames.h"
 #include "text/NearestName.h"
 
+#include "DataError.h"
 #include "ExprCBFuncStore.h"
+#include "PreVariableDefStore.h"
 #include "QCLParam.h"
 #include "QCLPath.h"
 #include "QELName.h"
@@ -16,6 +18,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -129,8 +132,11 @@ private:
             !QELName::splitVariableName(p_argument.name, components))
             return;
         const auto root = std::ranges::find(components, place.root, &QELName::Component::name);
-        if (root == components.end() ||
+        if (root == components.end() || root->selector().empty() ||
             root->selector().find_first_not_of(k_componentLetters) != std::string::npos)
+            return;
+        const std::optional<PreVariableDefStore::TensType> type = tensorType(root->name());
+        if (!type)
             return;
 
         struct Tensor {
@@ -144,13 +150,25 @@ private:
             Tensor {"a vector", 1, "one letter at most"},
             Tensor {"a symmetric tensor", 2, "two letters at most"},
         };
-        const Tensor& tensor =
-            k_tensors.at(static_cast<std::size_t>(m_definitions.variables().getTensorType(root->name())));
+        const Tensor& tensor = k_tensors.at(static_cast<std::size_t>(*type));
         if (root->selector().size() > tensor.letters)
             add(p_argument.range, "unknown-component",
                 "The variable '" + root->name() + "' is " + tensor.name + " and has no component '" +
                     root->selector() + "', as in '" + p_argument.name + "'. Expected " + tensor.expected +
                     '.');
+    }
+
+    /// None for a name whose definition was refused: it belongs to no variable.
+    std::optional<PreVariableDefStore::TensType> tensorType(const std::string& p_variable) const
+    {
+        try
+        {
+            return m_definitions.variables().getTensorType(p_variable);
+        }
+        catch (const data::error&)
+        {
+            return std::nullopt;
+        }
     }
 
     void checkFrame(const QelReference& p_reference, const std::string& p_frame)

@@ -15,14 +15,14 @@
 
 namespace qen::standalone {
 
-/// The shipped definitions, with rules of a test's own added.
+/// The shipped definitions, with rules of a test's own added, or with other definitions.
 class RulesForTest {
 public:
-    explicit RulesForTest(const std::string& p_rules)
+    explicit RulesForTest(const std::string& p_rules, const char* p_file = "RULES.qcl")
     {
         std::string pattern = testing::TempDir() + "/rules-XXXXXX";
         m_folder = mkdtemp(pattern.data());
-        std::ofstream(m_folder + "/RULES.qcl") << p_rules;
+        std::ofstream(std::filesystem::path(m_folder) / p_file) << p_rules;
         m_definitions.emplace(std::vector<std::string> {QENCHECK_PROJECT "/definitions", m_folder});
     }
 

@@ -9,8 +9,11 @@ namespace qen::standalone {
 namespace {
 
 using testing::_;
+using testing::Each;
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
+using testing::Ne;
 
 // A parameter that may be anything, in a domain with one fluid.
 constexpr const char* k_rules = R"([/FLOW/DOMAIN/TEST]
@@ -212,6 +215,19 @@ TEST(ExpressionFindings, TellOfANamedExpressionThatIsNotFiniteWhereItStands)
         ElementsAre(FoundAt(k_line + 2, 8, "value-not-finite",
                             "The value of the named expression 'Part' is not a finite number. "
                             "Expected one of at most 3.4e38 in base units.")));
+}
+
+TEST(ExpressionFindings, SayNothingOfComponentsOfAVariableThatWasRefused)
+{
+    // Given a definition whose long name is another variable's: its short name belongs to no variable
+    const RulesForTest rules(
+        "[/VARIABLE:zzrefused]\nLong Name = Density\nQuantity = Density\nTensor Type = SCALAR\n"
+        "Variable Scope = GLOBAL\nField Variable = Yes\n",
+        "VARIABLES.qcl");
+    ASSERT_EQ(rules.definitions().problems().size(), 1U);
+
+    EXPECT_THAT(rules.check("[/LIBRARY/QEL/EXPRESSIONS]\nA = average@Inlet(zzrefused{x})\n").findings,
+                Each(Field(&Finding::identifier, Ne("unknown-component"))));
 }
 
 }    // namespace
