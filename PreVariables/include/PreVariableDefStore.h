@@ -20,8 +20,8 @@ namespace qen {
 /// The catalogue of solver variables. All texts of all definitions are interned: a record holds indices of values, and
 /// equal indices are equal texts.
 ///
-/// Filled once by the host, one definition object at a time, and read thereafter. Nothing is ever removed. A copy is
-/// deep. One thread at a time.
+/// Filled once by the host, one definition object at a time, and read thereafter. Nothing is ever removed. A copy
+/// lives on its own. One thread at a time.
 class QEN_PREVARIABLES_API PreVariableDefStore {
 public:
     /// The fields of a definition, for queries.
@@ -59,8 +59,8 @@ public:
 
     static constexpr ValueIndex k_emptyText = 6;    ///< of the empty text, in every store
 
-    /// An ordered set of values that does not change. Copies share what it holds: most records have the same few sets
-    /// of keywords as others, and each of those is kept once.
+    /// An ordered set of values that does not change. Copies share what it holds, and records whose lists of keywords
+    /// have the same text share a set.
     class SharedValueSet {
     public:
         SharedValueSet() = default;
@@ -128,8 +128,8 @@ public:
     void addVariableDefinition(const std::string& p_name,
                                const std::map<std::string, std::string>& p_parameters);
 
-    /// Appends one finished record and registers its names. A list of short names that was asked for before stays as
-    /// it is.
+    /// Appends one finished record, whose values must be of this store, and registers its names. A list of short names
+    /// that was asked for before stays as it is.
     ///
     /// @throws data::duplicate  As above.
     void doAddVariableDefinition(const VarDefData& p_record);

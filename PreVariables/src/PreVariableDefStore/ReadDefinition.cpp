@@ -64,6 +64,7 @@ public:
         m_texts.fill(&k_none);
         const auto* field = k_fieldsByKey.begin();
         for (const auto& [key, text] : p_parameters)
+        {
             for (; field != k_fieldsByKey.end(); ++field)
             {
                 if (field->key == key)    // mostly, since definitions mostly have them all
@@ -74,6 +75,7 @@ public:
                 if (key < field->key)
                     break;
             }
+        }
     }
 
     const std::string& operator[](Store::VarDefField p_field) const
@@ -182,8 +184,9 @@ PreVariableDefStore::SharedValueSet PreVariableDefStore::addKeywords(const std::
     };
     if (!std::ranges::equal(kept.inOrderOfText, pieces, isText))
     {
-        kept.inOrderOfText = addValuesVec(pieces);
-        kept.values = ValueSet(kept.inOrderOfText.begin(), kept.inOrderOfText.end());
+        ValueList inOrderOfText = addValuesVec(pieces);
+        const ValueSet values(inOrderOfText.begin(), inOrderOfText.end());
+        kept = {std::move(inOrderOfText), values};
     }
     return kept.values;
 }
