@@ -71,7 +71,7 @@ inline QclParameter placed(const SectionParameter& p_parameter, const ParsedSect
 DocumentBuilder::DocumentBuilder(const QclLimits& p_limits, SectionSource& p_sections)
     : m_limits(p_limits), m_sections(p_sections)
 {
-    // Lines, columns and positions are counted in 32 bits; so are the bytes of values.
+    // Lines, columns and positions are counted in 32 bits, and parameters hold the number of their file in 16.
     m_limits.fileBytes =
         std::min<std::size_t>(m_limits.fileBytes, std::numeric_limits<std::uint32_t>::max() - 1);
     m_limits.includedFiles = std::min(m_limits.includedFiles, QclParameter::k_files - 1);

@@ -65,8 +65,8 @@ public:
         SourcePlace place;
     };
 
+    // What a parameter holds at most; the reader sees to it.
     static constexpr std::size_t k_nameBytes = std::numeric_limits<std::uint16_t>::max();
-    static constexpr std::size_t k_valueBytes = std::numeric_limits<std::uint32_t>::max() - 1;
     static constexpr std::size_t k_files = std::numeric_limits<std::uint16_t>::max();
 
     /// Of an empty name, value and place.
@@ -74,10 +74,10 @@ public:
 
     /// With a value that does not continue.
     ///
-    /// @param p_name   Not longer than k_nameBytes.
-    /// @param p_value  In the text that holds the name, on the same line and behind it, also when it is empty. Not longer
-    ///                 than k_valueBytes.
-    /// @param p_place  Of the name; of the first k_files files.
+    /// @param p_name   Of k_nameBytes bytes at most.
+    /// @param p_value  In the text that holds the name, on the same line and behind it, also when it is empty. That text
+    ///                 has less than 4 GiB.
+    /// @param p_place  Of the name; in one of the first k_files files.
     QclParameter(std::string_view p_name, std::string_view p_value, SourcePlace p_place)
         : m_name(p_name.data()), m_value {.text = p_value.data()},
           m_valueLength(static_cast<std::uint32_t>(p_value.size())),
@@ -129,6 +129,7 @@ private:
     std::uint32_t m_line;
     std::uint32_t m_column;
 };
+static_assert(sizeof(void*) != 8 || sizeof(QclParameter) == 32);
 
 /// One object, with all its sections taken together.
 struct QEN_STANDALONE_API QclObject {

@@ -18,11 +18,11 @@ namespace qen::standalone {
 struct QEN_STANDALONE_API QclLimits {
     std::size_t fileBytes = std::size_t {64} << 20;    ///< of a file with all that it includes
     std::size_t valueBytes = std::size_t {4} << 20;
-    std::size_t nameBytes = 256;     ///< of a parameter's name; of an object's type or name
+    std::size_t nameBytes = 256;     ///< of a parameter's name; of an object's type or name; at most 65,535
     std::size_t pathBytes = 2048;    ///< of an object's path; of an included file's path as written
     std::size_t pathLevels = 32;
     std::size_t includeDepth = 32;       ///< 0: no file may be included
-    std::size_t includedFiles = 1000;    ///< each time counts
+    std::size_t includedFiles = 1000;    ///< each time counts; at most 65,534
     std::size_t problems = 10000;        ///< reading ends at the next one
     std::size_t shortValueBytes =
         4096;    ///< up to here a value may hold shortValuePlaceholders, beyond longValue...
