@@ -24,8 +24,8 @@ using standalone::QelResult;
     throw expressions::error("ExpressionEvaluator", p_method, std::move(p_message), ErrorTypeError);
 }
 
-// What is wrong with the expression that was read last, where something is. It stands here, so that the exception
-// passes a frame in which there is nothing to destroy: that would cost as much as half a throw.
+// What is wrong with the expression that was read last, where something is. It stands here and not in the operation
+// that throws, so that there is nothing to destroy in its frame, which would make the throw dear.
 thread_local std::string t_problem;
 
 // Whether the expression is good.

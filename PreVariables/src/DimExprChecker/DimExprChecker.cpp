@@ -1,10 +1,10 @@
 #include "DimExprChecker.h"
 
+#include "CheckUnits.h"
 #include "DimExprErrors.h"
 #include "ExprParamRules.h"
 #include "Gathered.h"
 #include "MessageCatalogue.h"
-#include "UnitsFault.h"
 
 #include "ExpressionEvaluator.h"
 #include "ExpressionsError.h"
@@ -13,6 +13,13 @@
 #include "StringUtilities.h"
 #include "UnitDimensions.h"
 #include "UnitsConverter.h"
+
+// For a check, so that what it raises is thrown in the function that catches it. A lambda takes no other form of it.
+#if defined(__GNUC__) || defined(__clang__)
+#define QEN_INLINED __attribute__((always_inline))
+#else
+#define QEN_INLINED
+#endif
 
 namespace qen {
 
@@ -64,13 +71,10 @@ bool DimExprChecker::checkParam(const std::string& p_objectPath, const std::stri
     return checkParamExpression(p_objectPath, p_paramName, p_value);
 }
 
-// Not within `checkParam`: with one caller only, the checks are put into the function that catches what they raise, and
-// exceptions pass a frame less.
-[[gnu::noinline]] bool DimExprChecker::checkParamExpression(const std::string& p_objectPath,
-                                                            const std::string& p_paramName,
-                                                            const std::string& p_value)
+bool DimExprChecker::checkParamExpression(const std::string& p_objectPath, const std::string& p_paramName,
+                                          const std::string& p_value)
 {
-    return passes(p_objectPath, p_paramName, true, [&]() __attribute__((always_inline)) {
+    return passes(p_objectPath, p_paramName, true, [&]() QEN_INLINED {
         if (p_objectPath == k_expressionLibrary)
             checkLibraryExpr(p_paramName, p_value);
         else

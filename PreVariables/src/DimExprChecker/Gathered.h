@@ -14,7 +14,7 @@ namespace qen {
 /// What one check of one parameter gathers. Each step fills anew what it uses.
 //
 // It stands here and not in the steps, so that the exceptions of most of them pass frames in which there is nothing to
-// destroy: each frame that has something costs two thirds of a throw. Lists that are filled again keep their memory.
+// destroy: that is what makes a throw dear. Lists that are filled again keep their memory.
 struct DimExprChecker::Gathered {
     std::string pathText;    // where paths are built
 

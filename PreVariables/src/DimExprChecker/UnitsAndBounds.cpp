@@ -1,9 +1,9 @@
 #include "DimExprChecker.h"
 
+#include "CheckUnits.h"
 #include "ExprParamRules.h"
 #include "Gathered.h"
 #include "MessageCatalogue.h"
-#include "UnitsFault.h"
 #include "UnitsTolerance.h"
 
 #include "ModelQCL.h"

@@ -18,8 +18,8 @@ enum class DimExprChecker::UnitsFault : std::uint8_t {
     Wrong
 };
 
-/// The units check, for the function that catches what it raises: an exception that passes a frame less costs a fifth
-/// less.
+/// The units check, for a function that catches what it raises. Within that function, so that the exception passes no
+/// other.
 [[gnu::always_inline]] inline void DimExprChecker::checkUnits(const std::string& p_objectPath,
                                                               const std::string& p_paramName,
                                                               const std::string& p_units,
@@ -29,13 +29,11 @@ enum class DimExprChecker::UnitsFault : std::uint8_t {
     using messages::raise;
     using messages::ShownUnits;
 
-    const UnitsFault fault = unitsFault(p_objectPath, p_paramName, p_units, p_fromExpression);
-    if (fault == UnitsFault::None)
-        return;
-
     const std::string& expected = m_gathered->expectedUnits;
-    switch (fault)
+    switch (unitsFault(p_objectPath, p_paramName, p_units, p_fromExpression))
     {
+    case UnitsFault::None:
+        return;
     case UnitsFault::Unrecognised:
         raise<Msg::UnrecognisedUnits>(ShownUnits {p_units}, p_paramName, p_objectPath);
     case UnitsFault::WrongOfExpression:
@@ -43,7 +41,7 @@ enum class DimExprChecker::UnitsFault : std::uint8_t {
                                          ShownUnits {expected});
     case UnitsFault::WrongDynamic:
         raise<Msg::WrongDynamicUnits>(ShownUnits {p_units}, p_paramName, p_objectPath, ShownUnits {expected});
-    default:
+    case UnitsFault::Wrong:
         raise<Msg::WrongUnits>(ShownUnits {p_units}, p_paramName, p_objectPath, ShownUnits {expected});
     }
 }
