@@ -21,7 +21,7 @@ class QCLUpdateInfo;
 ///
 /// The objects given at construction are not owned and must outlive the scheduler. Exceptions that the checker does
 /// not catch pass through; what was handled before stays handled, and the entry at hand stays kept, with the flags of the
-/// numbers whose checks returned.
+/// numbers whose checks returned. One thread at a time, and not from within a call that it makes of these objects.
 class QEN_PREVARIABLES_API DimExprCheckScheduler : public QCLUpdateHandler {
 public:
     /// One number of a value.

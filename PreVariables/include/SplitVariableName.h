@@ -33,6 +33,8 @@ protected:
     ~VariableRootNameFinder() = default;    // not virtual: the library never destroys a finder
 };
 
+using RootNameInfo = VariableRootNameFinder::RootNameInfo;
+
 /// A reference to a variable as the user wrote it, split at its dots: up to two prefixes, the root, and the operator
 /// behind it as suffix.
 class QEN_PREVARIABLES_API SplitVariableName {
