@@ -200,9 +200,9 @@ std::string Names::nearestValue(std::string_view p_name) const
         std::ranges::for_each(additional, add);
         if (const ModelTree::Object* const expressions = m_world.model->find(k_expressionsPath))
         {
-            expressions->childrenOf({std::string_view()});    // that which parameters there are is looked at
-            if (expressions->parameters.size() <= k_suggestedNames)
-                std::ranges::for_each(expressions->parameters, add, &ModelTree::Parameter::name);
+            const std::vector<ModelTree::Parameter>& all = expressions->allParameters();
+            if (all.size() <= k_suggestedNames)
+                std::ranges::for_each(all, add, &ModelTree::Parameter::name);
         }
     }
     // Of two that are as near the first counts: not that of the model's order, which tells nothing.

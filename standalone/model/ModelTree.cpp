@@ -125,16 +125,11 @@ const ModelTree::Parameter* ModelTree::Object::find(std::string_view p_paramName
     return position == NameIndex<NameOf>::k_none ? nullptr : &parameters[position];
 }
 
-std::vector<std::string> ModelTree::Object::parameterNames() const
+const std::vector<ModelTree::Parameter>& ModelTree::Object::allParameters() const
 {
     if (m_tree->reader)
         m_tree->reader->onChildrenRead(path, {});
-    std::vector<std::string> names;
-    names.reserve(parameters.size());
-    for (const Parameter& parameter : parameters)
-        names.push_back(parameter.name);
-    std::ranges::sort(names);
-    return names;
+    return parameters;
 }
 
 std::vector<const ModelTree::Object*>

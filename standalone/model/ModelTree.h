@@ -79,8 +79,8 @@ public:
         /// The parameter of that name; null when it is not set. Constant time.
         const Parameter* find(std::string_view p_paramName) const;
 
-        /// The names of its parameters, sorted.
-        std::vector<std::string> parameterNames() const;
+        /// The parameters. That one looks at which there are is told.
+        const std::vector<Parameter>& allParameters() const;
 
         /// The children of some types, in the model's order.
         std::vector<const Object*> childrenOf(std::initializer_list<std::string_view> p_types) const;
