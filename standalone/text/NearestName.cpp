@@ -99,8 +99,7 @@ void NameSearch::compare(std::string_view p_known)
     const std::size_t distance = edits(p_known, most);
     if (distance > most)
         return;
-    m_most = distance;
-    m_nearest = p_known;
+    take(p_known, distance);
 }
 
 KnownNames::KnownNames(std::vector<std::string> p_names) : m_names(std::move(p_names))
@@ -143,8 +142,7 @@ void KnownNames::compareIn(NameSearch& p_search) const
                 p_search.m_nearest.empty() || (place != m_names.size() && entry.place < place);
             if (distance > p_search.m_most || (distance == p_search.m_most && !isFirst))
                 continue;
-            p_search.m_most = distance;
-            p_search.m_nearest = m_names[entry.place];
+            p_search.take(m_names[entry.place], distance);
             place = entry.place;
         }
     };

@@ -35,6 +35,12 @@ private:
 
     std::size_t edits(std::string_view p_known, std::size_t p_most) const;
 
+    void take(std::string_view p_known, std::size_t p_edits)
+    {
+        m_most = p_edits;
+        m_nearest = p_known;
+    }
+
     std::size_t m_size;    // 0 for a name that is not looked for
     std::size_t m_most;    // edits of a name that is near enough
     std::string_view m_nearest;

@@ -179,7 +179,7 @@ TEST(NearestName, IsEmptyWhenNothingIsShared)
     EXPECT_EQ(nearestName("", {"a", ""}), "");
 }
 
-TEST(NearestName, DoesNotCompareNamesOfUnusualLength)
+TEST(NearestName, IsNotLookedForBeyond64Bytes)
 {
     const std::string longName(100000, 'a');
     const std::string longest(64, 'a');
@@ -187,7 +187,10 @@ TEST(NearestName, DoesNotCompareNamesOfUnusualLength)
     EXPECT_EQ(nearestName(longName, {longName}), "");
     EXPECT_EQ(nearestName(longest + 'a', {longest}), "");
     EXPECT_EQ(nearestName(longest, {longest + 'a', longest}), longest);
+    EXPECT_EQ(nearestName(longest, {longest + 'b'}), longest + 'b');
     EXPECT_EQ(nearestName("Speed", {longName, "Sped"}), "Sped");
+    EXPECT_EQ(nearestOf(KnownNames({longName, longest + 'b'}), longest), longest + 'b');
+    EXPECT_EQ(nearestOf(KnownNames({longName, longest}), longest + 'b'), "");
 }
 
 }    // namespace
