@@ -77,7 +77,7 @@ std::size_t numberLength(const std::string& p_text)
     return at;
 }
 
-/// Splits at separators; with @p p_keepBracketed not at those inside round, square or curly brackets.
+/// Splits at separators and leaves the pieces as they stand.
 std::vector<std::string> splitAsItStands(const std::string& p_text, char p_separator)
 {
     std::vector<std::string> pieces;
@@ -87,6 +87,7 @@ std::vector<std::string> splitAsItStands(const std::string& p_text, char p_separ
     return pieces;
 }
 
+/// Splits at separators; with @p p_keepBracketed not at those inside round, square or curly brackets.
 std::vector<std::string> split(const std::string& p_text, char p_separator, bool p_keepBracketed)
 {
     std::vector<std::string> pieces;

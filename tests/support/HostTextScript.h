@@ -17,14 +17,15 @@ public:
     HostTextScript(const HostTextScript&) = delete;
     HostTextScript& operator=(const HostTextScript&) = delete;
 
-    /// As "stringToVector(U,V,W)", "stringToSet(QEL)", "stringToBool(T)" and "report(8)", which has the type of what is reported.
+    /// As "stringToVector(U,V,W)", "stringToSet(QEL)", "stringToBool(T)" and "report(8)", which has the type of what is
+    /// reported.
     const std::vector<std::string>& calls() const { return m_log.all(); }
     void forgetCalls() { m_log.clear(); }
 
     /// Every switch is read so, whatever its text.
     void readsSwitchesAs(bool p_answer) { m_switchAnswer = p_answer; }
 
-    /// The pieces of a list keep their blanks.
+    /// The pieces of a list that is split into a vector keep their blanks.
     void splitsWithoutTrimming() { m_trims = false; }
 
     /// For the host: whether the pieces of a list are trimmed.
