@@ -15,8 +15,6 @@
 #include "LargeSettings.h"
 #include "MuParserReference.h"
 
-#include <valgrind/callgrind.h>
-
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -71,11 +69,7 @@ bool countLookUps(const PreVariableDefStore& p_variables)
         };
         allThere = lookUp() && allThere;
 
-        CALLGRIND_ZERO_STATS;
-        CALLGRIND_START_INSTRUMENTATION;
-        allThere = lookUp() && allThere;
-        CALLGRIND_STOP_INSTRUMENTATION;
-        CALLGRIND_DUMP_STATS_AT(("lookup " + std::to_string(++number)).c_str());
+        allThere = counted("lookup " + std::to_string(++number), lookUp) && allThere;
     }
     return allThere;
 }

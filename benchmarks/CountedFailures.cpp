@@ -8,9 +8,8 @@
 /// - "throw": one message and one exception.
 
 #include "CheckSetting.h"
+#include "Counting.h"
 #include "Failures.h"
-
-#include <valgrind/callgrind.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,14 +26,12 @@ constexpr int k_calls = 10;
 template <class Call>
 bool count(const std::string& p_name, const Call& p_call)
 {
-    bool asTheyShould = p_call();
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_START_INSTRUMENTATION;
-    for (int i = 0; i < k_calls; ++i)
-        asTheyShould = p_call() && asTheyShould;
-    CALLGRIND_STOP_INSTRUMENTATION;
-    CALLGRIND_DUMP_STATS_AT(p_name.c_str());
-    return asTheyShould;
+    return p_call() && counted(p_name, [&] {
+               bool asTheyShould = true;
+               for (int i = 0; i < k_calls; ++i)
+                   asTheyShould = p_call() && asTheyShould;
+               return asTheyShould;
+           });
 }
 
 bool run()

@@ -8,13 +8,13 @@
 /// the first check of a follower, which records what each check reads, and what it takes when one value of a boundary
 /// has been changed and the text is saved. They are dumped under the names "scratch 1", "first 1" and "change 1".
 
+#include "Counting.h"
+
 #include "checking/CaseChecker.h"
 #include "checking/CaseFollower.h"
 #include "definitions/Definitions.h"
 #include "qcl/QclFollower.h"
 #include "qcl/QclReader.h"
-
-#include <valgrind/callgrind.h>
 
 #include <cstddef>
 #include <cstdio>
@@ -26,6 +26,7 @@
 namespace {
 
 using namespace qen::standalone;
+using qen::benchmarks::counted;
 
 constexpr std::size_t k_parametersOfBoundary = 10;
 
@@ -66,16 +67,6 @@ Ramp Time = 5 [s]
     return text;
 }
 
-template <class Call>
-void count(const char* p_name, const Call& p_call)
-{
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_START_INSTRUMENTATION;
-    p_call();
-    CALLGRIND_STOP_INSTRUMENTATION;
-    CALLGRIND_DUMP_STATS_AT(p_name);
-}
-
 /// A file that is removed in the end.
 class CaseFile {
 public:
@@ -106,15 +97,15 @@ bool run(std::size_t p_parameters)
     checkCase(readQclText("warm-up.qcl", largeCase(1, 0, 6)), definitions);
 
     CaseReport scratch;
-    count("scratch 1", [&] { scratch = checkCase(readQclFile(file.path()), definitions); });
+    counted("scratch 1", [&] { return &(scratch = checkCase(readQclFile(file.path()), definitions)); });
 
     QclFollower text(file.path());
     CaseFollower follower(definitions);
     CaseReport followed;
-    count("first 1", [&] { followed = follower.update(text.read()); });
+    counted("first 1", [&] { return &(followed = follower.update(text.read())); });
 
     file.save(largeCase(walls, walls / 2, 7));
-    count("change 1", [&] { followed = follower.update(text.read()); });
+    counted("change 1", [&] { return &(followed = follower.update(text.read())); });
 
     const bool right = scratch.findings.empty() && followed.findings.empty() &&
                        followed.parameters == scratch.parameters && follower.checked().size() == 1;

@@ -7,10 +7,10 @@
 /// One in seven of the definitions is a vector, as of those that ship. What is counted is dumped under the names "ours 1"
 /// and "theirs 1".
 
+#include "Counting.h"
 #include "LargeDefinitions.h"
 
 #include <nlohmann/json.hpp>
-#include <valgrind/callgrind.h>
 #include <yaml-cpp/yaml.h>
 
 #include <cstddef>
@@ -25,17 +25,6 @@ using namespace qen::benchmarks;
 
 constexpr std::size_t k_oneVectorIn = 7;
 
-template <class Call>
-auto counted(const char* p_name, const Call& p_call)
-{
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_START_INSTRUMENTATION;
-    auto result = p_call();
-    CALLGRIND_STOP_INSTRUMENTATION;
-    CALLGRIND_DUMP_STATS_AT(p_name);
-    return result;
-}
-
 /// Whether both hold all of the definitions.
 bool run(std::size_t p_definitions, const std::string& p_peer)
 {
@@ -45,9 +34,10 @@ bool run(std::size_t p_definitions, const std::string& p_peer)
         return holdsAll(counted("theirs 1", [&] { return p_tree(files.path(p_peer.c_str())); }), files);
     };
     const bool theyHoldAll = p_peer == "yaml" ? theirs(yamlTree) : theirs(jsonTree);
-    if (!theyHoldAll || !holdsAll(*ours, files))
+    const bool bothHoldAll = theyHoldAll && holdsAll(*ours, files);
+    if (!bothHoldAll)
         std::fprintf(stderr, "One of them does not hold all of the definitions\n");
-    return theyHoldAll && holdsAll(*ours, files);
+    return bothHoldAll;
 }
 
 }    // namespace

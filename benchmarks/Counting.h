@@ -21,7 +21,21 @@ inline std::string withDigit(std::string_view p_text, char p_digit)
     return text;
 }
 
-/// For a program that runs under callgrind: calls once uncounted, then counts one call for each digit, and dumps the count under a name.
+/// For a program that runs under callgrind: counts what a call takes, and dumps the count under a name.
+///
+/// @return What the call returned.
+template <class Call>
+auto counted(const std::string& p_name, const Call& p_call)
+{
+    CALLGRIND_ZERO_STATS;
+    CALLGRIND_START_INSTRUMENTATION;
+    auto result = p_call();
+    CALLGRIND_STOP_INSTRUMENTATION;
+    CALLGRIND_DUMP_STATS_AT(p_name.c_str());
+    return result;
+}
+
+/// Calls once uncounted, and then counts one call for each digit, together.
 template <class Call>
 void count(const std::string& p_name, std::string_view p_text, const Call& p_call)
 {
@@ -30,12 +44,11 @@ void count(const std::string& p_name, std::string_view p_text, const Call& p_cal
     for (std::size_t i = 0; i < texts.size(); ++i)
         texts[i] = withDigit(p_text, k_countedDigits[i]);
 
-    CALLGRIND_ZERO_STATS;
-    CALLGRIND_START_INSTRUMENTATION;
-    for (const std::string& text : texts)
-        p_call(text);
-    CALLGRIND_STOP_INSTRUMENTATION;
-    CALLGRIND_DUMP_STATS_AT(p_name.c_str());
+    counted(p_name, [&] {
+        for (const std::string& text : texts)
+            p_call(text);
+        return true;
+    });
 }
 
 }    // namespace qen::benchmarks

@@ -2,8 +2,7 @@
 /// How long it takes until 10,000 definitions of variables that stand in a file are in the store, against the time in
 /// which yaml-cpp and nlohmann-json build a tree of the same data from a file. Ours reads the file, checks each key and
 /// fills the store; theirs is the tree alone. Ours takes turns with each of them, so that a change of the machine's speed
-/// hits both, and with one at a time: what the third leaves of the heap is no business of the two. What counts is the
-/// median of the ratios of two that follow one another.
+/// hits both. What counts is the median of the ratios of two that follow one another.
 ///
 /// Ends with status 1 when one of them does not hold all of the data; times are for people.
 

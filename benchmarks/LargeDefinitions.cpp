@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <yaml-cpp/yaml.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <stdexcept>
@@ -19,6 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t k_keys = 18;    // of a definition; its name is the 19th field
 constexpr std::size_t k_components = 3;
+
 struct Definition {
     std::string name;
     std::array<std::pair<const char*, std::string>, k_keys> fields;
@@ -171,12 +173,16 @@ bool holdsAll(const LoadedDefinitions& p_loaded, const DefinitionFiles& p_files)
 
 bool holdsAll(const YAML::Node& p_tree, const DefinitionFiles& p_files)
 {
-    return p_tree.size() == p_files.definitions() && p_tree.begin()->second.size() == k_keys;
+    return p_tree.size() == p_files.definitions() &&
+           std::all_of(p_tree.begin(), p_tree.end(),
+                       [](const auto& p_entry) { return p_entry.second.size() == k_keys; });
 }
 
 bool holdsAll(const nlohmann::json& p_tree, const DefinitionFiles& p_files)
 {
-    return p_tree.size() == p_files.definitions() && p_tree.begin()->size() == k_keys;
+    return p_tree.size() == p_files.definitions() &&
+           std::all_of(p_tree.begin(), p_tree.end(),
+                       [](const nlohmann::json& p_entry) { return p_entry.size() == k_keys; });
 }
 
 }    // namespace qen::benchmarks

@@ -36,8 +36,10 @@ judge()
     awk -v peer="$peer" -v definitions="$definitions" -v times="$times" '
         { count[$1] = $2 }
         END {
-            if (!count["ours"] || !count["theirs"])
+            if (!count["ours"] || !count["theirs"]) {
+                print "callgrind did not count the loading beside " peer > "/dev/stderr"
                 exit 2
+            }
             ratio = count["theirs"] / count["ours"]
             printf "%6d definitions: %11d, a tree of %s %12d: %.2f times, at least %d\n",
                 definitions, count["ours"], peer, count["theirs"], ratio, times
