@@ -177,5 +177,17 @@ TEST_F(KeptValues, AreCopiedWithTheirScheduler)
     EXPECT_THAT(support::keptParams(copy), ElementsAre("/A:a|P"));
 }
 
+TEST_F(KeptValues, AreThoseOfTheOtherSchedulerAfterAnAssignment)
+{
+    DimExprCheckScheduler other(m_scheduler);
+    other.addDeferredParam("/A:a", "P", value("x"));
+    m_scheduler.addDeferredParam("/B:b", "Q", value("y"));
+
+    m_scheduler = other;
+    other.eraseDeferredParam("/A:a", "P");
+
+    EXPECT_THAT(support::keptParams(m_scheduler), ElementsAre("/A:a|P"));
+}
+
 }    // namespace
 }    // namespace qen

@@ -86,6 +86,16 @@ INSTANTIATE_TEST_SUITE_P(
             "'Pressure.A.B'.\nIt must be either the penultimate or the last '.'-separated component of "
             "the full name."},
         Misplaced {
+            "SecondOfFour", "A.Pressure.B.C", "Pressure",
+            "The 'root' name 'Pressure' does not appear in a valid position in variable name "
+            "'A.Pressure.B.C'.\nIt must be either the penultimate or the last '.'-separated component of "
+            "the full name."},
+        Misplaced {
+            "ThirdOfFive", "A.B.Pressure.C.D", "Pressure",
+            "The 'root' name 'Pressure' does not appear in a valid position in variable name "
+            "'A.B.Pressure.C.D'.\nIt must be either the penultimate or the last '.'-separated component of "
+            "the full name."},
+        Misplaced {
             "NeitherOfTwo", "A.B", "X",
             "The 'root' name 'X' does not appear in a valid position in variable name 'A.B'.\nIt must be "
             "either the penultimate or the last '.'-separated component of the full name."},
