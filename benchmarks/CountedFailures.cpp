@@ -49,8 +49,7 @@ bool run()
                           count("fail" + suffix, [&] { return calls.fail(); }) &&
                           count("throw" + suffix, [&] { return calls.throwAndCatch() != 0; });
         if (!ends)
-            std::fprintf(stderr, "The check of %s or of %s does not end as it should\n", failure.passing,
-                         failure.failing);
+            calls.complain();
         asTheyShould = ends && asTheyShould;
         std::printf("%d %s\n", number, failure.what);
     }

@@ -37,8 +37,7 @@ bool measure(const Failure& p_failure, qen::DimExprChecker& p_checker)
     const FailureCalls calls(p_failure, p_checker);
     if (!calls.endAsTheyShould())
     {
-        std::fprintf(stderr, "The check of %s or of %s does not end as it should\n", p_failure.passing,
-                     p_failure.failing);
+        calls.complain();
         return false;
     }
 
@@ -58,6 +57,8 @@ bool measure(const Failure& p_failure, qen::DimExprChecker& p_checker)
     const double exception = median(exceptions);
     std::printf("%10.0f %10.0f %10.0f %7.2f  %s\n", pass, failure, exception, (failure - pass) / exception,
                 p_failure.what);
+    if (!asTheyShould)
+        calls.complain();
     return asTheyShould;
 }
 

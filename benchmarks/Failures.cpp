@@ -5,6 +5,8 @@
 
 #include "model/ModelTree.h"
 
+#include <cstdio>
+
 namespace qen::benchmarks {
 
 void addTurbulentDomain(standalone::ModelTree& p_model)
@@ -34,6 +36,12 @@ bool FailureCalls::endAsTheyShould() const
                               m_checker.beginExprError()->message == message();
     m_checker.clearErrors();
     return asTheyShould;
+}
+
+void FailureCalls::complain() const
+{
+    std::fprintf(stderr, "The check of %s or of %s does not end as it should\n", m_failure.passing,
+                 m_failure.failing);
 }
 
 std::size_t FailureCalls::throwAndCatch() const

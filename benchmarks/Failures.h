@@ -69,6 +69,9 @@ public:
     /// Whether the one check passes and the other one ends with the failure's message.
     bool endAsTheyShould() const;
 
+    /// Says on standard error that they do not.
+    void complain() const;
+
     bool pass() const { return m_checker.checkParam(m_passingPath, m_paramName, m_passing); }
 
     /// Leaves no record.
